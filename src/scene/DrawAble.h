@@ -17,10 +17,10 @@ class DrawAble {
 public:
     // Takes part in the scene pass; cleared, it neither updates nor draws.
     bool active = true;
-    Vertex position;          // world units
-    Vertex boundCentre;       // bounding sphere, relative to position
+    Vertex position;     // world units
+    Vertex boundCentre;  // bounding sphere, relative to position
     float boundRadius = 0.0f;
-    float distance = 0.0f;    // sort key of the scene pass, written by it alone
+    float distance = 0.0f;         // sort key of the scene pass, written by it alone
     bool skipWhenOutside = false;  // left out when outside the frustum, even while busy
 
     // Draws the object. In the selection pass textures, materials and effects are left out. The two
