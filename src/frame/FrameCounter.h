@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tolvane {
+
+// The frames a second, averaged over at least two seconds of showing them; one for the process.
+struct FrameCounter {
+    int frameCount = 0;
+    int lastFpsTicks = 0;  // milliseconds
+    float fps = 0.0f;
+
+    // Counts a frame drawn at ticks, in milliseconds.
+    void Count(std::uint32_t ticks);
+    // What the counter's box shows.
+    std::string Text() const;
+};
+
+extern FrameCounter frameCounter;
+
+}  // namespace tolvane

@@ -1,0 +1,13 @@
+#include <iostream>
+#include <string>
+
+#include "frame/ChessApplication.h"
+
+int main() {
+    std::string line;
+    tolvane::ChessApplication application;
+    application.Run();
+    std::cout << "Press \"Enter\" to exit" << std::endl;
+    std::getline(std::cin, line);
+    return 0;
+}
