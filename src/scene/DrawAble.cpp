@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "assets/Gl.h"
+#include "assets/MD2_Instance.h"
 #include "assets/Numbers.h"
 
 namespace tolvane {
@@ -60,6 +61,11 @@ float DrawAble::GetRotationZ() {
 }
 
 void DrawAble::BuildDisplayLists() {}
+
+void DrawAble::TakeBound(const MD2_Instance& instance) {
+    boundCentre = instance.boundCentre;
+    boundRadius = instance.boundRadius;
+}
 
 void DrawAble::ApplyStandardTransform() const {
     glTranslatef(position.x, position.y, position.z);

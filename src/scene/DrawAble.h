@@ -4,6 +4,8 @@
 
 namespace tolvane {
 
+class MD2_Instance;
+
 // How the geometry of a model reaches GL; the number is the renderMode argument of Draw and Update.
 enum RenderMode : int {
     renderVertexBuffer = 0,
@@ -49,6 +51,8 @@ protected:
     DrawAble() = default;
     ~DrawAble() = default;
 
+    // Takes over the bounding sphere of the instance that gives the object its shape.
+    void TakeBound(const MD2_Instance& instance);
     // Translation, then the rotations about x, y and z, onto the current matrix.
     void ApplyStandardTransform() const;
 

@@ -40,6 +40,8 @@ public:
     static void PrintVertical(int x, int y, int lineHeight, void* withFont, const std::string& line);
 
 private:
+    void DrawBackground(bool blending) const;
+
     bool visible = true;
     bool backgroundVisible = true;
     bool textVisible = true;
