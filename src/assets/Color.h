@@ -6,8 +6,7 @@ namespace tolvane {
 class Color {
 public:
     Color() = default;
-    Color(float redPart, float greenPart, float bluePart)
-        : red(redPart), green(greenPart), blue(bluePart) {}
+    Color(float redPart, float greenPart, float bluePart) : red(redPart), green(greenPart), blue(bluePart) {}
 
     float GetRed() const { return red; }
     float GetGreen() const { return green; }
