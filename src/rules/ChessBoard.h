@@ -71,6 +71,7 @@ private:
     template <typename Kind>
     Kind* Create(int x, int y, Player player);
     void Lay(ChessFigure* figure);
+    ChessFigure* CreatePromoted(FigureType type);
     void LayRows(Player player, King* king);
     void ListRows(Player player);
 
