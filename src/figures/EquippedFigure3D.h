@@ -4,7 +4,9 @@
 
 namespace tolvane {
 
+struct EmitterValues;
 struct FigureValues;
+struct ShotValues;
 class TextureHandler;
 
 // A figure with everything that its row of the table of figures gives it: clips, paint, emitters, sounds. The
@@ -14,17 +16,19 @@ public:
     // Leaves the matrix as the figure's own: the caller pushes and pops.
     void Draw(int renderMode, bool useDisplayLists, bool selectionPass, bool blending,
               const Vertex* eyePosition, const Vertex* lightPosition) override;
-    // From full alpha two seconds; gives up the shader for good and ends with the figure inactive.
+    // Two seconds from full alpha. Gives up the shader for good; the figure ends inactive.
     bool FadeOut(float dt, const Vertex* eyePosition) override;
+    // The puffs of a hit: 0.45 seconds from the moment at which effectTimer was 0.
     bool RunDamage(float dt, const Vertex* eyePosition) override;
+    // The shots that are pending, one after the other.
     bool RunAttack(float dt, const Vertex* eyePosition) override;
     void PlayDeathSound() override;
     void StartMoveSound() override;
     void StopMoveSound() override;
 
 protected:
-    // The row of the table stays where it is for the whole program.
-    EquippedFigure3D(int atColumn, int atRow, Player ofPlayer, FigureType type, const FigureValues& row,
+    // kind is a row of the table, which outlives the figure.
+    EquippedFigure3D(int atColumn, int atRow, Player ofPlayer, FigureType type, const FigureValues& kind,
                      MD2_Instance* ofInstance, Shader* withShader, TextureHandler* textures,
                      SoundManager* withSound);
     ~EquippedFigure3D() = default;
@@ -32,13 +36,20 @@ protected:
     // The effects that are on, in the figure's own space.
     virtual void DrawEffects(bool blending);
 
-    // A figure that has begun to fade is drawn without its shader and blended.
+    // What has begun to fade has no shader and is drawn blended.
     void BeginFadedDrawing(bool blending) const;
     void EndFadedDrawing() const;
-    void DrawInstance(int renderMode, bool selectionPass, const Vertex* eyePosition,
-                      const Vertex* lightPosition) const;
+
+    void PlayOnce(const char* path) const;
 
     const FigureValues& values;
+
+private:
+    void SetUpClips();
+    void SetUpMaterial();
+    void SetUpEmitters(TextureHandler* textures);
+    void SetUpSounds();
+    void Fire(const ShotValues& shot);
 };
 
 }  // namespace tolvane

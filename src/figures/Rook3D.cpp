@@ -1,0 +1,31 @@
+#include "figures/Rook3D.h"
+
+#include "assets/Gl.h"
+#include "assets/ParticleEffect.h"
+#include "figures/FigureValues.h"
+
+namespace tolvane {
+
+namespace {
+
+constexpr float barrelDistance = 2.5f;
+
+}  // namespace
+
+Rook3D::Rook3D(int atColumn, int atRow, Player ofPlayer, FigureType type, MD2_Instance* ofInstance,
+               Shader* withShader, TextureHandler* textures, SoundManager* withSound)
+    : EquippedFigure3D(atColumn, atRow, ofPlayer, type, ValuesOf(FigureType::Rook), ofInstance, withShader,
+                       textures, withSound) {}
+
+void Rook3D::DrawEffects(bool blending) {
+    // One emitter serves both barrels: the right one here, the left one drawn with all others.
+    EquippedFigure3D::DrawEffects(blending);
+    if (!attackActive)
+        return;
+    glPushMatrix();
+    glTranslatef(-barrelDistance, 0.0f, 0.0f);
+    attackEmitter->DrawParticles(blending);
+    glPopMatrix();
+}
+
+}  // namespace tolvane
