@@ -87,10 +87,10 @@ void ScoreBoard::BuildDisplayLists() {
 void ScoreBoard::RenderScreen() {
     const MatrixScope scope;
     LightOff();
-    screen.Render(true);
+    screen.Begin();
     turnBox.Draw(0, false, false, false, nullptr, nullptr);
     checkBox.Draw(0, false, false, false, nullptr, nullptr);
-    screen.Render(false);
+    screen.End();
     LightOn();
 }
 
