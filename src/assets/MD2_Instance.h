@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -83,18 +83,26 @@ public:
     unsigned int GetVertexBuffer() const { return vertexBuffer; }
 
 private:
+    // A vertex between two frames, scaled.
+    struct BlendedVertex {
+        Vertex position;
+        Vertex normal;
+    };
+
     void BuildFirstMesh();
     void BuildBox();
     void BuildVertexBuffer();
-    void PlayList(AnimationList* list);
+    void PrintStatistics(int bufferSize) const;
+    void PlayList(AnimationList* list, bool owned);
     void AdvanceFrame();
     void AdvanceSequence();
+    void EndPass();
     const MD2_Frame& FrameAt(int index) const;
-    void InterpolateVertices(const MD2_Frame& from, const MD2_Frame& to);
-    void CopyCorners(const std::vector<float>& perVertex, float* target) const;
-    void SetUpDraw(bool selectionPass, Shader* shader, const Vertex* eyePosition,
-                   const Vertex* lightPosition) const;
-    void EndDraw() const;
+    void BlendVertices();
+    void CopyCorners(float* vertices, float* normals) const;
+    void WriteVertexBuffer() const;
+    static void EndDraw();
+    std::size_t CornerFloats() const { return triangles->size() * 9; }
 
     const MD2_Header* header;
     const std::vector<MD2_Triangle>* triangles;
@@ -105,7 +113,7 @@ private:
     float interpolation = 0.0f;  // place between the two frames, 0 to 1
     std::string animationName;
     AnimationList* animationList = nullptr;
-    std::unique_ptr<AnimationList> ownedList;  // the list that is played, where the instance frees it
+    bool ownsAnimationList = false;
     MD2_AnimationMode mode = MD2_AnimationMode::Freeze;
     int currentFrame = 0;
     int nextFrame = 0;  // may stand one past the last frame of the model
@@ -117,8 +125,7 @@ private:
     std::vector<float> normalArray;
     unsigned int vertexBuffer = 0;
     bool forceUpdate = false;            // a frozen clip still owes the mesh of its frame
-    std::vector<float> blendedVertices;  // kept between steps: one entry a vertex of the model
-    std::vector<float> blendedNormals;
+    std::vector<BlendedVertex> blended;  // one a vertex of the model, kept between steps
 };
 
 }  // namespace tolvane

@@ -26,8 +26,9 @@ struct MD2_TexturePoint {
 // that an instance hands it. Needs the GL context from its making to its end.
 class MD2_Model {
 public:
-    // Takes what was read from a file. The counts of the header are trimmed to the blocks that come with
-    // it, and an index that points outside its block becomes 0, so that nothing has to be checked again.
+    // Takes what was read from a file. The counts of the header become those of the blocks that come with it,
+    // an index that points outside its block becomes 0, and there is always a frame 0 with a vertex 0, so
+    // that nobody has to check again.
     MD2_Model(const MD2_Header& fileHeader, std::vector<MD2_TexCoord> texCoordBlock,
               std::vector<MD2_Triangle> triangleBlock, std::vector<MD2_Frame> frameBlock);
     ~MD2_Model();
@@ -54,11 +55,12 @@ public:
     void DrawVBO(unsigned int vertexBuffer) const;
 
 private:
-    void SanitizeIndices();
+    void CompleteBlocks();
+    void RepairIndices();
     void GroupFrames();
     void BuildTexturePoints();
     void BuildTextureCoordBuffer();
-    int CornerCount() const { return header.numTriangles * 3; }
+    void DrawCorners() const;
 
     std::vector<MD2_TexturePoint> texCoords;
     std::map<std::string, MD2Anim> animations;

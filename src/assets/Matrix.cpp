@@ -18,7 +18,8 @@ struct SineCosine {
 
 SineCosine RoundedSineCosine(float degrees) {
     const double radians = degrees * radiansPerDegree;
-    return {static_cast<float>(RoundTo(std::sin(radians), 5)), static_cast<float>(RoundTo(std::cos(radians), 5))};
+    return {static_cast<float>(RoundTo(std::sin(radians), 5)),
+            static_cast<float>(RoundTo(std::cos(radians), 5))};
 }
 
 }  // namespace

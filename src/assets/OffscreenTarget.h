@@ -28,7 +28,8 @@ public:
     unsigned int GetTexture() const { return texture; }
 
 private:
-    void BindTarget();
+    void EnterPicture();
+    void LeavePicture() const;
     void ClearTexture() const;
 
     unsigned int texture = 0;

@@ -7,6 +7,7 @@
 namespace tolvane {
 
 class TextureHandler;
+struct ParticlePreset;
 
 // An emitter with its texture loader and setters; the presets derive from it. Copying one into a plain
 // ParticleEffect keeps all that a preset has set.
@@ -31,6 +32,10 @@ public:
 
     // The GL texture of a TGA picture, for Setup.
     unsigned int LoadTexture(const std::string& path);
+
+protected:
+    // Loads the picture, takes the particles and sets everything that the preset has a value for.
+    void ApplyPreset(const ParticlePreset& preset);
 
 private:
     TextureHandler* textureHandler;

@@ -35,12 +35,11 @@ public:
     unsigned int GetTextureId() const { return textureId; }
 
 private:
-    bool ReadPictures();
-    bool ReadColor();
+    bool ReadColor(bool joinAlpha);
     bool ReadAlphaAlone();
-    bool JoinAlpha();
+    bool JoinAlpha(const TextureImage& alpha);
     bool Fail(const char* reason);
-    unsigned int Upload(bool mipmaps);
+    unsigned int Upload(bool mipmaps) const;
 
     std::unique_ptr<TextureImage> image;
     unsigned int format = 0;  // GL pixel format

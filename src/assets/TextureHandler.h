@@ -40,6 +40,11 @@ public:
     unsigned int GetLastError() const { return lastError; }
 
 private:
+    enum class Upload { Mipmaps, FirstLevel };
+
+    unsigned int LoadPicture(const std::string& path, int magFilter, int minFilter, int wrapS, int wrapT,
+                             int envMode, Upload upload);
+
     unsigned int lastError = 0;
     std::map<std::string, unsigned int> textures;
 };
