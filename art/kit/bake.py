@@ -9,18 +9,10 @@ import bmesh
 import bpy
 import numpy as np
 
-from .figure import split_normals, triangulate
+from .figure import Maps, split_normals, triangulate
 
 PADDING = 4  # pixels between two islands, at the size of the picture
 APART = 16.0  # distance between parts while the twin is baked, at least
-
-
-class Maps:
-    """What a bake answers. Pictures are size by size, rows from the bottom up:
-    uv: for each part, for each polygon, corner coordinates; part: index of the part, -1 outside all islands;
-    pos, nrm: rest position and normal; material: index into `materials`; edge: 0 to 1 at worn edges of the
-    twin; ao: occlusion by the part itself; shade: occlusion by all parts and the floor; tangent: normals of the
-    twin in the low mesh's tangent space, 0 to 1."""
 
 
 def bake(figure, size=512, samples=12, bevel=0.03, reach=0.3, extrude=0.06, floor=True, shade_reach=1.2):

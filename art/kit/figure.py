@@ -16,6 +16,14 @@ DATA = Path(os.environ.get("TOLVANE_DATA", ART.parent / "data"))
 WORK = Path(os.environ.get("TOLVANE_ART_WORK", ART / "work"))
 
 
+class Maps:
+    """What a bake answers. Pictures are size by size, rows from the bottom up:
+    uv: for each part, for each polygon, corner coordinates; part: index of the part, -1 outside all islands;
+    pos, nrm: rest position and normal; material: index into `materials`; edge: 0 to 1 at worn edges of the
+    twin; ao: occlusion by the part itself; shade: occlusion by all parts and the floor; tangent: normals of the
+    twin in the low mesh's tangent space, 0 to 1."""
+
+
 class Part:
     """A rigid piece of a model: its low mesh, what only the detailed twin has, and how it is unwrapped."""
 
@@ -134,7 +142,7 @@ class Figure:
     # Unwrapping and baking
 
     def bake(self, **options):
-        """Unwraps and bakes, or answers what an earlier run made of the same geometry. See kit.bake.Maps."""
+        """Unwraps and bakes, or answers what an earlier run made of the same geometry. See Maps."""
         from . import bake
         key = hashlib.sha256(pickle.dumps([
             [(p.name, p.mesh.v.round(6).tobytes(), p.mesh.f, p.mesh.m, p.material, p.bevel, p.smooth, p.density,

@@ -57,6 +57,10 @@ class Mesh:
         """The other side's twin: x changes its sign."""
         return self.scale(-1, 1, 1)
 
+    def flip(self):
+        """Turned inside out: what faced one way faces the other."""
+        return Mesh(self.v, [face[::-1] for face in self.f], self.m)
+
     def warp(self, function):
         """Each vertex through `function(x, y, z)`, which answers the new triple: tapers, bends, dents."""
         return Mesh([function(*p) for p in self.v], self.f, self.m)
@@ -65,6 +69,39 @@ class Mesh:
         """A mesh that was built along +y from the origin is set on `start`, pointing at `end`."""
         start, end = np.asarray(start, dtype=float), np.asarray(end, dtype=float)
         return Mesh(self.v @ frame_along(end - start).T + start, self.f, self.m)
+
+    def clip(self, point, normal, cap=None):
+        """What lies behind the plane (on the side the normal leaves); the cut of a convex piece is closed with the
+        material `cap`."""
+        normal = np.asarray(normal, dtype=float)
+        height = (self.v - np.asarray(point, dtype=float)) @ normal
+        v, f, m, cuts, made = list(map(tuple, self.v)), [], [], [], {}
+        for face, mat in zip(self.f, self.m):
+            kept, cut = [], []
+            for a, b in zip(face, face[1:] + face[:1]):
+                if height[a] <= 0:
+                    kept.append(a)
+                if (height[a] <= 0) != (height[b] <= 0):
+                    key = (min(a, b), max(a, b))
+                    if key not in made:
+                        t = height[a] / (height[a] - height[b])
+                        made[key] = len(v)
+                        v.append(tuple(self.v[a] + (self.v[b] - self.v[a]) * t))
+                    kept.append(made[key])
+                    cut.append(made[key])
+            if len(kept) > 2:
+                f.append(kept)
+                m.append(mat)
+            if len(cut) == 2:
+                cuts += cut
+        if cap is not None and made:
+            rim = sorted(set(cuts))
+            centre = np.mean([v[i] for i in rim], axis=0)
+            frame = frame_along(normal)
+            rim.sort(key=lambda i: math.atan2(*((np.array(v[i]) - centre) @ frame[:, [0, 2]])))
+            f.append(rim)
+            m.append(cap)
+        return Mesh(v, f, m).drop(lambda c, n: False)
 
     def __add__(self, other):
         shift = len(self.v)
