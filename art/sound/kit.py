@@ -181,7 +181,7 @@ def filtered(x, *responses, circle=False):
     return _through(np.concatenate((x, np.zeros(size - len(x)))), response)[:len(x)]
 
 
-def swept(x, response, *controls, circle=False, window=1024):
+def swept(x, response, *controls, circle=False, window=980):
     """A filter that moves: response(f, *values) for each short window, values taken from the control signals."""
     hop = window // 4
     count = -(-len(x) // hop)
@@ -204,12 +204,12 @@ def swept(x, response, *controls, circle=False, window=1024):
     return out[window:window + len(x)] / 2.0
 
 
-def moving_band(x, pitch, sharpness, circle=False, window=1024):
+def moving_band(x, pitch, sharpness, circle=False, window=980):
     """A resonance that follows the pitch signal."""
     return swept(x, lambda f, p: peak(p, sharpness)(f), pitch, circle=circle, window=window)
 
 
-def moving_low(x, pitch, circle=False, order=3, window=1024):
+def moving_low(x, pitch, circle=False, order=3, window=980):
     return swept(x, lambda f, p: below(p, order)(f), pitch, circle=circle, window=window)
 
 
@@ -391,12 +391,12 @@ def circling(seconds, rng, slowness):
 # Mastering
 
 def _weighting(f):
-    """How the ear weighs pitch for loudness: little below 60 Hz, 4 dB more above 2 kHz."""
-    return above(60.0, 2)(f) * (1.0 + (db(4.0) - 1.0) * above(1500.0, 1)(f))
+    """How pitch counts for loudness on a small speaker: little below 130 Hz, up to 4 dB more in the treble."""
+    return above(130.0, 2)(f) * (1.0 + (db(4.0) - 1.0) * above(1500.0, 1)(f))
 
 
 def loudness(x):
-    """Loudness in dB of the loudest fifth of a second, as the ear hears it; 0 is a full-scale square."""
+    """Loudness in dB of the loudest fifth of a second, as the ear hears it from a small speaker."""
     sides = x.T if x.ndim == 2 else (x,)
     size = samples(0.2)
     power = np.zeros(max(len(x), size))

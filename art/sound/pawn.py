@@ -2,7 +2,7 @@
 
 import numpy as np
 
-from kit import (RATE, Track, band, below, bell_tone, boost, click, clock, crackle, decay, dice, drive, filtered,
+from kit import (RATE, Track, band, bell_tone, below, boost, click, clock, crackle, decay, dice, drive, filtered,
                  finish, glide, level, line, metal, moving_band, noise, pulse, room, saw, servo, sine, swell, thump)
 from voice import breathy, clear, evened, radio, ring, spoken, vocoded
 
@@ -58,7 +58,6 @@ def dying():
     """Power-down: the drive sags in jerks, sparks fly, the body sinks and drops, one last tick."""
     rng = dice("dying")
     n = 1.7
-    t = clock(n)
     sag = glide(n, (0, 640), (0.25, 520), (0.32, 590), (0.75, 210), (0.82, 250), (1.25, 58), (n, 30))
     wow = 1 + 0.03 * sine(glide(n, (0, 17), (1.2, 5), (n, 3)), n)
     whine = pulse(sag * wow, n, 0.25) + 0.6 * saw(sag * wow * 1.502, n)

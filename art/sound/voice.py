@@ -76,7 +76,7 @@ def _bands(count, low, high):
     mel = np.linspace(np.log1p(low / 700), np.log1p(high / 700), count + 2)
     edges = 700 * np.expm1(mel)
     rows = [np.interp(f, edges[k:k + 3], (0, 1, 0), left=0, right=0) for k in range(count)]
-    return np.maximum(np.array(rows), 1e-9)
+    return np.array(rows)
 
 
 def vocoded(speech, carrier, count=30, low=90.0, high=10000.0):
@@ -86,7 +86,7 @@ def vocoded(speech, carrier, count=30, low=90.0, high=10000.0):
     source = _frames(carrier[:len(speech)])
     sounding = np.sqrt((np.abs(source) ** 2) @ rows.T)
     gain = said / (sounding + 0.02 * np.max(sounding, axis=0) + 1e-9)
-    out = source * (gain @ (rows / rows.sum(axis=0)))
+    out = source * (gain @ (rows / np.maximum(rows.sum(axis=0), 1e-9)))
     shape = np.sin(np.pi * (np.arange(WINDOW) + 0.5) / WINDOW)
     pieces = np.fft.irfft(out, WINDOW, axis=1) * shape
     total = np.zeros(len(pieces) * HOP + WINDOW)
