@@ -9,6 +9,8 @@ namespace tolvane {
 
 namespace {
 
+using test::IsColor;
+using test::Rgb;
 // The smallest thing that a scene can hold: a white point.
 class Dot final : public DrawAble {
 public:
@@ -21,8 +23,6 @@ public:
 
     void SetBusy(bool value) { busy = value; }
 };
-
-using ::testing::ElementsAre;
 
 TEST(DrawAble, StandsAtTheOriginAndMovesAndTurns) {
     Dot dot;
@@ -120,7 +120,7 @@ TEST_F(DrawAbleOnStage, IsMovedThenTurnedAboutXThenYThenZ) {
         glPushMatrix();
         dot.Draw(renderVertexBuffer, true, false, false, nullptr, nullptr);
         glPopMatrix();
-        EXPECT_THAT(ColorAt({3.0f, -1.134f, 1.5f}), ElementsAre(255, 255, 255));
+        EXPECT_THAT(ColorAt({3.0f, -1.134f, 1.5f}), IsColor(Rgb{255, 255, 255}));
     }
 }
 

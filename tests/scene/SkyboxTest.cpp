@@ -12,10 +12,10 @@ namespace tolvane {
 
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-using Rgb = std::array<int, 3>;
+using test::IsColor;
+using test::Rgb;
 
 // What a player sees who looks along a direction.
 struct View {
@@ -85,7 +85,8 @@ TEST_P(SkyboxLists, ShowsOnePictureInEachDirection) {
         Clear();
         LookAlong(view.direction, view.up);
         Draw(sky, GetParam());
-        EXPECT_EQ(ColorAt(Scale(view.direction, 200.0f)), PlainColor(static_cast<int>(view.texture)))
+        EXPECT_THAT(ColorAt(Scale(view.direction, 200.0f)),
+                    IsColor(PlainColor(static_cast<int>(view.texture))))
             << view.name;
     }
 }
@@ -104,7 +105,7 @@ TEST_P(SkyboxLists, TurnsEachPictureTheRightWay) {
         };
         const Vertex point{near(corner.x, view.direction.x), near(corner.y, view.direction.y),
                            near(corner.z, view.direction.z)};
-        EXPECT_EQ(ColorAt(point), quarters[static_cast<std::size_t>(corner.v * 2 + corner.u)])
+        EXPECT_THAT(ColorAt(point), IsColor(quarters[static_cast<std::size_t>(corner.v * 2 + corner.u)]))
             << view.name << ", corner " << corner.u << ", " << corner.v;
     }
 }
@@ -127,9 +128,9 @@ TEST_P(SkyboxLists, StaysInPlaceWhenTheEyeMoves) {
     LookAlong({1.0f, 0.0f, -1.0f}, {0.0f, 1.0f, 0.0f});
     glTranslatef(-100.0f, 0.0f, 0.0f);
     Draw(sky, GetParam());
-    EXPECT_EQ(ColorAt({195.0f, 0.0f, -200.0f}), PlainColor(2));
+    EXPECT_THAT(ColorAt({195.0f, 0.0f, -200.0f}), IsColor(PlainColor(2)));
     // A sky about the eye would show the picture straight ahead here.
-    EXPECT_EQ(ColorAt({200.0f, 0.0f, -150.0f}), PlainColor(4));
+    EXPECT_THAT(ColorAt({200.0f, 0.0f, -150.0f}), IsColor(PlainColor(4)));
 }
 
 TEST_P(SkyboxLists, LeavesBlendingAloneAndLightTexturesAndDepthOn) {
@@ -172,7 +173,7 @@ TEST_F(SkyboxTest, ShowsItsPicturesUnlitInFullWhite) {
     glEnable(GL_LIGHTING);
     glColor4f(0.5f, 0.0f, 0.0f, 0.5f);
     Draw(sky, true);
-    EXPECT_THAT(ColorAt({0.0f, 0.0f, -200.0f}), ElementsAre(10, 20, 30));
+    EXPECT_THAT(ColorAt({0.0f, 0.0f, -200.0f}), IsColor(Rgb{10, 20, 30}));
 }
 
 }  // namespace

@@ -89,7 +89,7 @@ Stage::Pixel Stage::PixelOf(const Vertex& point) {
     return {static_cast<int>(x), static_cast<int>(y)};
 }
 
-std::array<int, 3> Stage::ColorAt(const Vertex& point) {
+Rgb Stage::ColorAt(const Vertex& point) {
     const Pixel pixel = PixelOf(point);
     const Picture picture = ReadPicture(pixel.x, pixel.y, 1, 1);
     return {picture.Red(0, 0), picture.Green(0, 0), picture.Blue(0, 0)};
@@ -132,9 +132,9 @@ std::vector<Stage::Hit> Stage::Pick(Pixel pixel, const std::function<void()>& dr
     return hits;
 }
 
-unsigned int Stage::MakeTexture(int width, const std::vector<std::array<int, 3>>& colors) {
+unsigned int Stage::MakeTexture(int width, const std::vector<Rgb>& colors) {
     std::vector<std::uint8_t> bytes;
-    for (const auto& color : colors)
+    for (const Rgb& color : colors)
         for (const int part : color)
             bytes.push_back(static_cast<std::uint8_t>(part));
     unsigned int texture = 0;

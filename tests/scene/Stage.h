@@ -1,8 +1,9 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <array>
+#include <cstdlib>
 #include <functional>
 #include <vector>
 
@@ -10,6 +11,16 @@
 #include "support/GlWindow.h"
 
 namespace tolvane::test {
+
+using Rgb = std::array<int, 3>;
+
+// Renderers differ by two or three levels between processors.
+MATCHER_P(IsColor, color, "") {
+    for (std::size_t i = 0; i < 3; ++i)
+        if (std::abs(arg[i] - color[i]) > 3)
+            return false;
+    return true;
+}
 
 // A cleared window in the GL state in which the game draws its scene. Every case ends without a GL error
 // and with the matrix stacks at their bottom.
@@ -37,7 +48,7 @@ protected:
         int y;
     };
     static Pixel PixelOf(const Vertex& point);
-    static std::array<int, 3> ColorAt(const Vertex& point);
+    static Rgb ColorAt(const Vertex& point);
 
     // The names under a pixel and the nearest and farthest depth, 0 to 1, of each hit, while draw runs in
     // selection mode. One name, 7, lies below those that draw pushes.
@@ -50,7 +61,7 @@ protected:
     static std::vector<Hit> Pick(Pixel pixel, const std::function<void()>& draw);
 
     // A texture of width by width colours, bottom row first, shown without smoothing.
-    static unsigned int MakeTexture(int width, const std::vector<std::array<int, 3>>& colors);
+    static unsigned int MakeTexture(int width, const std::vector<Rgb>& colors);
 };
 
 // Initialises GLUT, once for the whole test program.
