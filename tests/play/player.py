@@ -105,11 +105,12 @@ class Player:
         with os.fdopen(read) as pipe:
             display = ":" + pipe.readline().strip()
         self.environment = dict(os.environ, DISPLAY=display, SDL_AUDIODRIVER="dummy")
+        data = os.environ.get("TOLVANE_DATA", ROOT / "data")
         command = [str(BINARY)] + self.arguments
         if self.speed != 1:
             command = ["faketime", "-f", f"+0 x{self.speed}"] + command
         self.program = subprocess.Popen(
-            command, cwd=ROOT / "data", env=self.environment, text=True, errors="replace",
+            command, cwd=data, env=self.environment, text=True, errors="replace",
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         for stream, lines in ((self.program.stdout, self.lines), (self.program.stderr, self.errors)):
             threading.Thread(target=self._collect, args=(stream, lines), daemon=True).start()
