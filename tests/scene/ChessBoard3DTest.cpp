@@ -172,6 +172,18 @@ TEST_F(ChessBoard3DTest, AddsTheFlamesToThePictureWhereBlendingIsOn) {
     EXPECT_THAT(ColorAt(MiddleFromAbove(corners[0])), IsColor(Rgb{255, 0, 0}));
 }
 
+TEST_F(ChessBoard3DTest, LightsTheModelAloneThroughItsShader) {
+    LookAhead(25.0f);
+    test::LightPosShader shader;
+    ChessBoard3D lit(model.Instance(), shader.Get(), &flame);
+    const Vertex light{20.0f, 60.0f, 40.0f};
+    lit.UpdateEffects(0.1f, &farEye);
+    lit.Draw(renderVertexBuffer, true, false, false, &farEye, &light);
+    // The shader is fed y and z exchanged.
+    EXPECT_THAT(ColorAt({0.0f, 0.0f, 0.0f}), IsColor(Rgb{51, 102, 153}));
+    EXPECT_THAT(ColorAt({corners[0].x, -18.8f + 2.0f, 0.0f}), IsColor(red));
+}
+
 TEST_F(ChessBoard3DTest, LooksTheSameInEveryRenderMode) {
     LookAhead(25.0f);
     Draw(farEye, false, renderVertexBuffer);

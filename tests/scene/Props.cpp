@@ -30,4 +30,11 @@ ParticleEffect OneFlame(unsigned int texture) {
     return flame;
 }
 
+LightPosShader::LightPosShader() {
+    const TemporaryFile vertex("void main() { gl_Position = ftransform(); }", ".vert");
+    const TemporaryFile fragment(
+        "uniform vec4 LightPos; void main() { gl_FragColor = vec4(LightPos.xyz / 100.0, 1.0); }", ".frag");
+    PrintedBy([&] { shader = std::make_unique<Shader>(vertex.Path(), fragment.Path()); });
+}
+
 }  // namespace tolvane::test

@@ -5,6 +5,7 @@
 #include "assets/MD2_Instance.h"
 #include "assets/MD2_Model.h"
 #include "assets/ParticleEffect.h"
+#include "assets/Shader.h"
 
 namespace tolvane::test {
 
@@ -24,5 +25,20 @@ private:
 // An emitter that shows one particle at its origin and keeps it: a red square of two by two units that
 // faces the camera, its lower edge one unit above the origin as the camera sees it.
 ParticleEffect OneFlame(unsigned int texture);
+
+// Draws everything in one colour: the "LightPos" that it is fed, a hundredth of x, y and z as red, green and
+// blue.
+class LightPosShader {
+public:
+    LightPosShader();
+    ~LightPosShader() { shader->Free(); }
+    LightPosShader(const LightPosShader&) = delete;
+    LightPosShader& operator=(const LightPosShader&) = delete;
+
+    Shader* Get() { return shader.get(); }
+
+private:
+    std::unique_ptr<Shader> shader;
+};
 
 }  // namespace tolvane::test

@@ -243,6 +243,18 @@ TEST_F(ScoreBoardTest, ShowsTheSameScreenStoredAndAnewAndInEveryRenderMode) {
     }
 }
 
+TEST_F(ScoreBoardTest, LightsItsEnginesAloneThroughItsShader) {
+    LookAhead(14.0f);
+    test::LightPosShader shader;
+    ScoreBoard lit(engine.Instance(), shader.Get(), &flame);
+    const Vertex light{20.0f, 60.0f, 40.0f};
+    Clear();
+    lit.Draw(renderVertexBuffer, true, false, false, &front, &light);
+    for (const float x : {-5.0f, 5.0f})
+        EXPECT_THAT(ColorAt({x, 0.0f, 0.0f}), IsColor(Rgb{51, 102, 153}));
+    EXPECT_THAT(ColorAt({0.0f, -2.0f, 0.0f}), IsColor(screenBlue));
+}
+
 TEST_F(ScoreBoardTest, CannotBePicked) {
     LookAhead(14.0f);
     const auto hits = Pick(PixelOf({0.0f, 0.0f, 0.0f}),

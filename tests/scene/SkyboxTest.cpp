@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <stdexcept>
 
@@ -120,7 +121,7 @@ TEST_P(SkyboxLists, FillsTheWholeViewBehindEverything) {
     std::vector<float> depth(static_cast<std::size_t>(test::GlWindow::width * test::GlWindow::height));
     glReadPixels(0, 0, test::GlWindow::width, test::GlWindow::height, GL_DEPTH_COMPONENT, GL_FLOAT,
                  depth.data());
-    EXPECT_THAT(depth, ::testing::Each(1.0f));
+    EXPECT_EQ(*std::min_element(depth.begin(), depth.end()), 1.0f);
 }
 
 TEST_P(SkyboxLists, StaysInPlaceWhenTheEyeMoves) {

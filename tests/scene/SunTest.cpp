@@ -65,6 +65,14 @@ TEST_F(SunTest, GlowsByItself) {
     EXPECT_FLOAT_EQ(sun.boundRadius, 2.0f);
 }
 
+TEST_F(SunTest, IsDrawnThroughAShaderWhereItHasOne) {
+    test::LightPosShader shader;
+    Sun sun(body.Instance(), shader.Get());
+    const Vertex light{20.0f, 60.0f, 40.0f};
+    sun.Draw(renderVertexBuffer, true, false, true, nullptr, &light);
+    EXPECT_THAT(ColorAt({0.0f, 0.0f, 0.0f}), IsColor(Rgb{51, 102, 153}));
+}
+
 TEST_F(SunTest, LooksTheSameInEveryRenderMode) {
     Sun sun(body.Instance(), nullptr);
     Draw(sun, renderVertexBuffer);
