@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "assets/Gl.h"
+#include "assets/MD2_Instance.h"
 #include "frame/FrameClock.h"
 #include "game/Game3D.h"
 #include "scene/BoardSelectionGrid.h"
@@ -183,9 +184,8 @@ void Engine3D::OpenWindow(int windowWidth, int windowHeight, int depth) {
             break;
     }
     if (screen != nullptr && granted.multisampling && RendersInSoftware()) {
-        // A window of the same size would keep its samples, so the video layer starts anew.
-        SDL_QuitSubSystem(SDL_INIT_VIDEO);
-        StartVideo();
+        // A window that is asked for anew keeps its samples, unless it was without GL in between.
+        SDL_SetVideoMode(windowWidth, windowHeight, depth, videoFlags & ~SDL_OPENGL);
         OpenSurface(windowWidth, windowHeight, depth, true, false);
     }
     // Bitmap text insists on it, and it needs a display: only now is there one for sure.

@@ -5,6 +5,7 @@
 
 int main() {
     std::string line;
+    std::cout << std::unitbuf;  // whoever watches the console sees each line at once, through a pipe too
     tolvane::ChessApplication application;
     application.Run();
     std::cout << "Press \"Enter\" to exit" << std::endl;
