@@ -108,7 +108,7 @@ class Pose:
     """One pose of a rig: local turns and shifts of bones, and goals for feet."""
 
     def __init__(self, rig):
-        self.rig, self.turns, self.shifts, self.goals, self.scales = rig, {}, {}, {}, {}
+        self.rig, self.turns, self.shifts, self.goals, self.scales, self.thrown = rig, {}, {}, {}, {}, {}
 
     def turn(self, bone, x=0.0, y=0.0, z=0.0):
         """Turns a bone about its pivot, degrees about x, then y, then z; turns add up in order."""
@@ -134,6 +134,20 @@ class Pose:
         self.goals[leg] = (np.array((x, y, z), dtype=float), rotation(pitch, yaw, roll), np.asarray(knee, float))
         return self
 
+    def throw(self, bone, x=0.0, y=0.0, z=0.0, turn=(0.0, 0.0, 0.0)):
+        """A piece that has come off: its pivot lies (x, y, z) from its rest place in model space, turned by `turn`,
+        whatever its parent does. Bones below it stay with it."""
+        self._known(bone)
+        self.thrown[bone] = (np.array((x, y, z), dtype=float), rotation(*turn))
+        return self
+
+    def loose(self):
+        """For each bone the thrown piece that carries it, or None."""
+        result = {}
+        for bone, parent in self.rig.parents.items():
+            result[bone] = bone if bone in self.thrown else result[parent] if parent else None
+        return result
+
     def _known(self, bone):
         if bone not in self.rig.pivots:
             raise ValueError(f"unknown bone {bone}")
@@ -148,6 +162,12 @@ class Pose:
                     self._solve(feet[bone], result)
                 continue
             pivot = self.rig.pivots[bone]
+            if bone in self.thrown:
+                offset, turn = self.thrown[bone]
+                result[bone] = np.eye(4)
+                result[bone][:3, :3] = turn
+                result[bone][:3, 3] = pivot + offset - turn @ pivot
+                continue
             local = np.eye(4)
             local[:3, :3] = self.turns.get(bone, np.eye(3)) * self.scales.get(bone, 1.0)
             local[:3, 3] = pivot - local[:3, :3] @ pivot + self.shifts.get(bone, 0.0)

@@ -10,6 +10,7 @@ import bpy
 import numpy as np
 
 from .figure import Maps, split_normals, triangulate
+from .raster import covered, originals, rasterise
 
 PADDING = 4  # pixels between two islands, at the size of the picture
 APART = 16.0  # distance between parts while the twin is baked, at least
@@ -72,10 +73,6 @@ def bake(figure, size=512, samples=12, bevel=0.03, reach=0.3, extrude=0.06, floo
 def apart(figure):
     """How far the parts are set from each other: no two may meet, however large the model."""
     return max(APART, 2.5 * max(np.abs(p.mesh.v[:, 0]).max() for p in figure.parts))
-
-
-def originals(figure):
-    return [(i, p) for i, p in enumerate(figure.parts) if p.like is None]
 
 
 def unwrap(figure, size):
@@ -200,46 +197,6 @@ def smallest_gap(mesh, size):
                 if ((a != b) & (a >= 0) & (b >= 0)).any():
                     return distance - 1
     return 8
-
-
-def covered(points, size):
-    """Pixels of a triangle (pixel coordinates) with the barycentric weights of their centres."""
-    low = np.clip(np.floor(points.min(axis=0)).astype(int), 0, size - 1)
-    high = np.clip(np.ceil(points.max(axis=0)).astype(int), 0, size - 1)
-    xs, ys = np.meshgrid(np.arange(low[0], high[0] + 1), np.arange(low[1], high[1] + 1))
-    (ax, ay), (bx, by), (cx, cy) = points
-    area = (bx - ax) * (cy - ay) - (cx - ax) * (by - ay)
-    if abs(area) < 1e-12:
-        return
-    px, py = xs + 0.5, ys + 0.5
-    wb = ((px - ax) * (cy - ay) - (cx - ax) * (py - ay)) / area
-    wc = ((bx - ax) * (py - ay) - (px - ax) * (by - ay)) / area
-    wa = 1 - wb - wc
-    inside = (wa >= -1e-6) & (wb >= -1e-6) & (wc >= -1e-6)
-    if inside.any():
-        yield ys[inside], xs[inside], np.stack([wa[inside], wb[inside], wc[inside]], axis=1)
-
-
-def rasterise(figure, maps):
-    """Fills the maps that follow from the low mesh alone."""
-    size = maps.size
-    maps.part = np.full((size, size), -1)
-    maps.pos = np.zeros((size, size, 3))
-    maps.nrm = np.zeros((size, size, 3))
-    maps.own_material = np.zeros((size, size), int)
-    for index, part in originals(figure):
-        normals = split_normals(part.mesh, part.smooth)
-        for polygon, face in enumerate(part.mesh.f):
-            name = part.mesh.m[polygon] or part.material
-            for triangle in triangulate(part.mesh.v, face):
-                points = maps.uv[index][polygon][list(triangle)] * size
-                for rows, columns, weights in covered(points, size):
-                    maps.part[rows, columns] = index
-                    maps.pos[rows, columns] = weights @ part.mesh.v[[face[c] for c in triangle]]
-                    maps.nrm[rows, columns] = weights @ np.array([normals[polygon][c] for c in triangle])
-                    maps.own_material[rows, columns] = maps.materials.index(name)
-    length = np.linalg.norm(maps.nrm, axis=2, keepdims=True)
-    maps.nrm /= np.maximum(length, 1e-9)
 
 
 def low_object(figure, uv, apart, shared=False):

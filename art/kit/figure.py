@@ -19,7 +19,7 @@ WORK = Path(os.environ.get("TOLVANE_ART_WORK", ART / "work"))
 class Maps:
     """What a bake answers. Pictures are size by size, rows from the bottom up:
     uv: for each part, for each polygon, corner coordinates; part: index of the part, -1 outside all islands;
-    pos, nrm: rest position and normal; material: index into `materials`; edge: 0 to 1 at worn edges of the
+    pos, nrm: rest position and normal; polygon: number within the part; rim: distance to a sharp edge; material: index into `materials`; edge: 0 to 1 at worn edges of the
     twin; ao: occlusion by the part itself; shade: occlusion by all parts and the floor; tangent: normals of the
     twin in the low mesh's tangent space, 0 to 1."""
 
@@ -80,9 +80,10 @@ class Figure:
 
     # Motion
 
-    def clip(self, name, count, pose):
-        """Adds a group of frames: `pose(p, i)` sets the pose p of frame i, 0 to count - 1."""
-        self.clips.append((name, count, pose))
+    def clip(self, name, count, pose, ground=False):
+        """Adds a group of frames: `pose(p, i)` sets the pose p of frame i, 0 to count - 1. With `ground` the body is
+        raised or lowered until its lowest point lies on the floor, and thrown pieces do not sink into it: for falls."""
+        self.clips.append((name, count, pose, ground))
         return self
 
     # Geometry as it is written
@@ -118,13 +119,15 @@ class Figure:
         rest_normals = np.array([n for _, _, n in vertices])
         bones = [self.parts[p].bone for p, _, _ in vertices]
         frames = []
-        for clip, count, pose_at in self.clips:
+        for clip, count, pose_at, ground in self.clips:
             for i in range(count):
                 pose = self.rig.pose()
                 pose_at(pose, i)
                 matrices = pose.matrices()
                 stack = np.stack([matrices[b] for b in bones])
                 points = np.einsum("nij,nj->ni", stack[:, :3, :3], rest) + stack[:, :3, 3]
+                if ground:
+                    points = grounded(points, [pose.loose()[b] for b in bones])
                 turned = np.einsum("nij,nj->ni", stack[:, :3, :3], rest_normals)
                 turned /= np.linalg.norm(turned, axis=1, keepdims=True)
                 frames.append((f"{clip}{i:02d}", points / self.scale, turned))
@@ -147,7 +150,8 @@ class Figure:
         key = hashlib.sha256(pickle.dumps([
             [(p.name, p.mesh.v.round(6).tobytes(), p.mesh.f, p.mesh.m, p.material, p.bevel, p.smooth, p.density,
               p.like.name if p.like else None, p.mirrored, _signature(p.detail), _signature(p.high)) for p in self.parts],
-            sorted(options.items()), Path(bake.__file__).read_bytes()])).hexdigest()
+            sorted(options.items()), *(Path(bake.__file__).with_name(n).read_bytes() for n in ("bake.py", "raster.py"))
+        ])).hexdigest()
         cache = WORK / f"{self.name}-{key[:16]}.pickle"
         if cache.exists():
             return pickle.loads(cache.read_bytes())
@@ -157,6 +161,17 @@ class Figure:
             old.unlink()
         cache.write_bytes(pickle.dumps(maps))
         return maps
+
+
+def grounded(points, pieces):
+    """The body's points (piece None) set on the floor; thrown pieces raised out of it."""
+    points = points.copy()
+    for piece in set(pieces):
+        own = np.array([p == piece for p in pieces])
+        lowest = points[own, 1].min()
+        if piece is None or lowest < 0:
+            points[own, 1] -= lowest
+    return points
 
 
 def _signature(mesh):

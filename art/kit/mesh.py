@@ -162,10 +162,10 @@ def box(sx, sy, sz, top=(1.0, 1.0), shift=(0.0, 0.0)):
 
 
 def prism(outline, depth, front=1.0, back=1.0, inset=0.0, bevel=0.0):
-    """Extrudes an outline of (x, y) points, counter-clockwise, along z, centred. `front` (+z) and `back`
+    """Extrudes an outline of (x, y) points along z, centred. `front` (+z) and `back`
     scale the outline at the ends; with `inset` and `bevel` the front face shrinks by `inset` over the last
     `bevel` of depth: a plate with a chamfered face."""
-    points = np.asarray(outline, dtype=float)
+    points = counter_clockwise(outline)
     centre = points.mean(axis=0)
     n = len(points)
     rings = [(back, 0.0, -depth / 2), (front, 0.0, depth / 2 - bevel)]
@@ -183,6 +183,13 @@ def prism(outline, depth, front=1.0, back=1.0, inset=0.0, bevel=0.0):
             j = (i + 1) % n
             f.append([level * n + i, level * n + j, (level + 1) * n + j, (level + 1) * n + i])
     return Mesh(v, f)
+
+
+def counter_clockwise(outline):
+    """The outline, turned round if it runs clockwise."""
+    points = np.asarray(outline, dtype=float)
+    x, y = points.T
+    return points if np.sum(x * np.roll(y, -1) - np.roll(x, -1) * y) > 0 else points[::-1]
 
 
 def shrink_outline(points, distance):

@@ -7,15 +7,17 @@ import numpy as np
 from . import files
 from .mesh import rotation
 
-# Materials of both armies, red green blue. "plate" is the armour, "trim" its second tone, "metal" what lies under
+# Materials of both armies, red green blue. "plate" is the armour, "trim" its second tone, "edge" its worn edges, "metal" what lies under
 # it (brass, gunmetal), "dark" rubber and hollows, "chrome" rods, "light" lamps, "mark" stencils, "wear" what shows
 # where the paint has gone, "grime" what gathers in corners, "dust" what the floor leaves on feet.
-WHITE = {"plate": (0.87, 0.83, 0.73), "trim": (0.73, 0.67, 0.55), "metal": (0.66, 0.47, 0.21), "dark": (0.17, 0.15, 0.14),
-         "chrome": (0.78, 0.76, 0.70), "light": (0.30, 0.92, 1.00), "mark": (0.10, 0.27, 0.36), "wear": (0.74, 0.56, 0.28),
-         "grime": (0.31, 0.23, 0.14), "dust": (0.50, 0.44, 0.40), "line": (0.28, 0.22, 0.16), "stripe": (0.16, 0.50, 0.60)}
-BLACK = {"plate": (0.235, 0.24, 0.265), "trim": (0.33, 0.335, 0.36), "metal": (0.42, 0.435, 0.46), "dark": (0.09, 0.09, 0.10),
-         "chrome": (0.50, 0.52, 0.55), "light": (1.00, 0.60, 0.10), "mark": (0.78, 0.50, 0.16), "wear": (0.62, 0.63, 0.66),
-         "grime": (0.07, 0.06, 0.055), "dust": (0.33, 0.29, 0.31), "line": (0.035, 0.035, 0.04), "stripe": (0.72, 0.42, 0.08)}
+WHITE = {"plate": (0.91, 0.87, 0.77), "trim": (0.78, 0.72, 0.60), "metal": (0.82, 0.60, 0.27), "dark": (0.20, 0.18, 0.17),
+         "chrome": (0.86, 0.84, 0.78), "light": (0.30, 0.92, 1.00), "mark": (0.10, 0.30, 0.40), "wear": (0.66, 0.48, 0.22),
+         "edge": (0.99, 0.97, 0.91), "grime": (0.36, 0.27, 0.17), "dust": (0.55, 0.49, 0.44), "line": (0.30, 0.23, 0.16),
+         "stripe": (0.13, 0.47, 0.58)}
+BLACK = {"plate": (0.225, 0.23, 0.255), "trim": (0.33, 0.335, 0.36), "metal": (0.46, 0.475, 0.50), "dark": (0.10, 0.10, 0.11),
+         "chrome": (0.60, 0.62, 0.65), "light": (1.00, 0.60, 0.10), "mark": (0.82, 0.53, 0.17), "wear": (0.58, 0.59, 0.62),
+         "edge": (0.47, 0.48, 0.51), "grime": (0.08, 0.07, 0.065), "dust": (0.36, 0.32, 0.33), "line": (0.05, 0.05, 0.055),
+         "stripe": (0.74, 0.43, 0.09)}
 ARMIES = (("white", WHITE), ("black", BLACK))
 
 FONT = dict(zip("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-./+", (
@@ -74,12 +76,14 @@ class Paint:
     there; `finish` adds wear, occlusion, dirt and lamps."""
 
     def __init__(self, figure, maps, palette, seed=0):
-        self.figure, self.maps, self.palette, self.seed = figure, maps, palette, seed
+        self.figure, self.maps, self.seed = figure, maps, seed
+        self.palette = {"edge": np.array(palette["plate"]) * 0.6 + 0.4} | palette
         self.inside = maps.part >= 0
         self.nearest = nearest(self.inside)
         self.pos, self.nrm, self.parts = (field[self.nearest] for field in (maps.pos, maps.nrm, maps.part))
         self.nrm /= np.maximum(np.linalg.norm(self.nrm, axis=2, keepdims=True), 1e-9)
         self.materials = maps.material
+        self.rim = maps.rim[self.nearest]
         self.texel = self._texel()
         self.color = np.zeros((maps.size, maps.size, 3))
         self.height = np.zeros((maps.size, maps.size))
@@ -88,8 +92,8 @@ class Paint:
         for name in maps.materials:
             self.color[self.materials == maps.materials.index(name)] = self.tone(name)
         self.lit += self.material("light")
-        shade = noise(np.stack([self.parts * 3.7, self.parts * 1.3, self.parts * 0.7], axis=-1) + 0.5, seed)
-        self.color *= (1 + 0.10 * (shade - 0.5))[:, :, None]
+        place = np.stack([self.parts * 3.7, maps.polygon[self.nearest] * 2.3, self.parts * 0.7], axis=-1) + 0.5
+        self.color *= (1 + 0.12 * (noise(place, seed) - 0.5))[:, :, None]
 
     def _texel(self):
         areas, texels = 0.0, self.inside.sum()
@@ -136,6 +140,10 @@ class Paint:
         """On the shell of a ball: circles on surfaces."""
         return self.soft(np.abs(np.linalg.norm(self.pos - point, axis=2) - radius), width / 2)
 
+    def inset(self, at, width=0.0):
+        """A line on each polygon at a distance from its sharp edges; without a width all that lies within."""
+        return self.soft(np.abs(self.rim - at), width / 2) if width else self.soft(at - self.rim, 0.0)
+
     def facing(self, x=0.0, y=0.0, z=0.0, least=0.5):
         """Where the surface faces the direction."""
         d = np.array((x, y, z), dtype=float)
@@ -162,6 +170,20 @@ class Paint:
         self.lay(mask, "line", 0.8)
         self.height -= np.clip(mask, 0, 1) * depth
         return self
+
+    def courses(self, mask, heights, count, width=0.014, depth=1.0):
+        """Seams of blocks about the y axis: rings at the heights, and between each two of them `count` upright
+        joints, staggered from course to course."""
+        angle = np.arctan2(self.pos[:, :, 0], self.pos[:, :, 2]) / (2 * np.pi)
+        radius = np.hypot(self.pos[:, :, 0], self.pos[:, :, 2])
+        seams = np.zeros(angle.shape)
+        for number, (low, high) in enumerate(zip(heights, heights[1:])):
+            seams = np.maximum(seams, self.band("y", low, width))
+            place = angle * count + number * 0.5
+            off = np.abs(place - np.rint(place)) / count * 2 * np.pi * radius
+            within = (self.pos[:, :, 1] > low) & (self.pos[:, :, 1] < high)
+            seams = np.maximum(seams, self.soft(off, width / 2) * within)
+        return self.lines(np.maximum(seams, self.band("y", heights[-1], width)) * mask, depth)
 
     def rivets(self, points, radius, mask=1.0):
         """Round heads in relief."""
@@ -226,28 +248,30 @@ class Paint:
         the light they spill. Answers the finished picture, filled out between the islands."""
         maps = self.maps
         armour = self.material("plate", "trim", "stripe")
-        broken = self.grain(0.10, 3, 5)
-        edge = smoothstep(0.30, 0.62, maps.edge * (0.35 + 1.0 * broken) * wear) * self.worn
-        chips = smoothstep(0.70, 0.76, self.grain(0.05, 3, 9)) * smoothstep(0.56, 0.75, self.grain(0.45, 2, 11)) * wear
-        self.lay(np.clip(edge + 0.6 * chips, 0, 1) * armour, "wear", 0.85)
-        bare = smoothstep(0.15, 0.7, maps.edge) * self.material("metal", "chrome", "dark")
-        self.color += (bare * 0.22 * (0.4 + 0.6 * broken))[:, :, None] * self.tone("wear")
-        mottle = self.grain(0.22, 4, 2)
-        self.color *= (1 + 0.16 * (mottle - 0.5))[:, :, None]
+        bare = self.material("metal", "chrome", "dark")
+        broken, mottle = self.grain(0.09, 3, 5), self.grain(0.22, 4, 2)
+        self.color *= (1 + 0.13 * (mottle - 0.5))[:, :, None]
 
         hollow = 1 - np.clip(maps.ao, 0, 1)
         shade = np.clip(maps.shade, 0, 1)
-        corners = np.clip(hollow * 1.3 + (1 - shade) * 0.45, 0, 1) * smoothstep(0.25, 0.7, self.grain(0.16, 3, 21))
-        self.lay(corners * 0.75 * grime, "grime")
+        corners = np.clip(hollow * 1.2 + (1 - shade) * 0.30, 0, 1) * smoothstep(0.30, 0.75, self.grain(0.16, 3, 21))
+        self.lay(corners * 0.6 * grime, "grime")
         side = np.clip(1 - np.abs(self.nrm[:, :, 1]) * 1.1, 0, 1)
-        runs = smoothstep(0.55, 0.78, self.grain(0.05, 2, 31, (1, 9, 1))) * smoothstep(0.4, 0.65, self.grain(0.3, 2, 33))
-        self.lay(runs * side * 0.55 * streaks * (1 - self.material("dark")), "grime")
-        low = np.exp(-np.maximum(self.pos[:, :, 1], 0) / 0.22) * smoothstep(0.2, 0.6, self.grain(0.12, 3, 41))
+        runs = smoothstep(0.58, 0.80, self.grain(0.05, 2, 31, (1, 9, 1))) * smoothstep(0.4, 0.65, self.grain(0.3, 2, 33))
+        self.lay(runs * side * 0.5 * streaks * (1 - self.material("dark")), "grime")
+        low = np.exp(-np.maximum(self.pos[:, :, 1], 0) / 0.20) * smoothstep(0.2, 0.6, self.grain(0.12, 3, 41))
         self.lay(low * dust, "dust")
 
-        dark = (0.30 + 0.70 * np.clip(maps.ao, 0, 1) ** (1.2 * occlusion)) * (0.35 + 0.65 * shade ** (1.1 * occlusion))
-        tilt = 1 + 0.07 * self.nrm[:, :, 1]
-        self.color *= (dark * tilt)[:, :, None]
+        dark = (0.42 + 0.58 * np.clip(maps.ao, 0, 1) ** occlusion) * (0.48 + 0.52 * shade ** occlusion)
+        self.color *= (dark * (1 + 0.06 * self.nrm[:, :, 1]))[:, :, None]
+
+        ridge = np.clip(np.maximum(maps.edge, self.soft(self.rim, 0.007) * (maps.ao > 0.75)), 0, 1) * self.worn
+        self.lay(ridge * smoothstep(0.15, 0.5, broken) * armour * wear, "edge", 0.6)
+        self.lay(ridge * bare * (0.4 + 0.6 * broken), "wear", 0.45 * min(1.0, wear))
+        bite = smoothstep(0.0, 0.05, 0.045 * smoothstep(0.45, 0.8, broken) * wear - self.rim + 0.012 * wear)
+        chips = smoothstep(0.70, 0.75, self.grain(0.05, 3, 9)) * smoothstep(0.58, 0.75, self.grain(0.45, 2, 11)) * wear
+        gone = np.clip(np.maximum(ridge * smoothstep(0.55, 0.7, broken), np.maximum(bite * 1.6, 0.55 * chips)), 0, 1)
+        self.lay(gone * armour * self.worn, "wear", 0.8)
 
         glass = np.clip(self.lit, 0, 1)
         if spill > 0 and glass.max() > 0:

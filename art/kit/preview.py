@@ -19,7 +19,7 @@ else:
     from kit import files
     from kit.mesh import rotation
 
-SUN = np.array([0.35, 0.85, 0.40])
+SUN = np.array([0.12, 0.80, 0.45])
 BACKGROUND = np.array([0.21, 0.20, 0.30])
 
 
