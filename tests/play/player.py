@@ -224,15 +224,24 @@ class Player:
         self.wait_for_line("textues loaded", seconds=120)
         self.until(lambda: sum(self.look().at(WINDOW[0] // 2, WINDOW[1] // 2)) > 60, "the first picture")
 
+    def comes(self, condition, seconds=2.0):
+        """Whether something happens within a short while."""
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            if condition():
+                return True
+            time.sleep(0.1)
+        return False
+
     def select(self, field):
-        """Clicks a figure until it is picked: that is, until the mouse has come back."""
+        """Clicks a figure until it is picked: that is, until the mouse has come back. A second click would
+        drop it again, so each is given the time to show."""
         def picked():
             if self.frame_colour(field) == RED:
                 return True
             self.click(field)
-            time.sleep(0.25)
-            return self.frame_colour(field) == RED
-        self.until(picked, f"{field} to be picked", seconds=120)
+            return self.comes(lambda: self.frame_colour(field) == RED)
+        self.until(picked, f"{field} to be picked", seconds=180)
 
     def plays(self):
         return len(re.findall("Player is CHECK: ", self.text()))
@@ -242,17 +251,20 @@ class Player:
 
     def move(self, source, target):
         """Picks and moves, and waits until the rules have taken the move; the scene runs on."""
-        self.select(source)
-        before = self.plays()
-        self.click(target)
-        self.until(lambda: self.plays() > before, f"{source} to move to {target}")
+        self._ask(source, target, self.plays)
 
     def try_move(self, source, target):
         """Picks and asks for a move that is to be refused."""
-        self.select(source)
-        before = self.refusals()
-        self.click(target)
-        self.until(lambda: self.refusals() > before, f"{source} to {target} to be refused")
+        self._ask(source, target, self.refusals)
+
+    def _ask(self, source, target, answers):
+        before = answers()
+
+        def answered():
+            self.select(source)
+            self.click(target)
+            return self.comes(lambda: answers() > before, seconds=5.0)
+        self.until(answered, f"an answer to {source}-{target}", seconds=180)
 
     def play(self, moves):
         """Moves such as "e2e4 e7e5"."""
