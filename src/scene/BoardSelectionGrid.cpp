@@ -10,6 +10,7 @@ namespace tolvane {
 namespace {
 
 constexpr unsigned int fieldsInRow = 8;
+constexpr unsigned int fieldCount = fieldsInRow * fieldsInRow;
 constexpr unsigned int firstPickName = 100;
 constexpr float height = 0.3f;  // above the board
 constexpr float squareAlpha = 0.3f;
@@ -58,7 +59,7 @@ BoardSelectionGrid::BoardSelectionGrid(float widthOfField, float depthOfField)
     minZ = -4.0f * fieldDepth;
     maxZ = 3.0f * fieldDepth;
 
-    fields.reserve(fieldsInRow * fieldsInRow);
+    fields.reserve(fieldCount);
     for (unsigned int row = 0; row < fieldsInRow; ++row)
         for (unsigned int column = 0; column < fieldsInRow; ++column)
             fields.emplace_back(column, row);

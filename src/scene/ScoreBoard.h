@@ -18,6 +18,7 @@ public:
     // the framebuffer object extension.
     ScoreBoard(MD2_Instance* engineInstance, Shader* engineShader, ParticleEffect* flames);
 
+    // Turns to the eye, then draws. The eye position may be null in the selection pass alone.
     void Draw(int renderMode, bool useDisplayLists, bool selectionPass, bool blending,
               const Vertex* eyePosition, const Vertex* lightPosition) override;
     void Update(int renderMode, float dt) override;
