@@ -111,17 +111,20 @@ class Player:
             command = ["faketime", "-f", f"+0 x{self.speed}"] + command
         self.program = subprocess.Popen(
             command, cwd=data, env=self.environment, text=True, errors="replace",
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True)
         for stream, lines in ((self.program.stdout, self.lines), (self.program.stderr, self.errors)):
             threading.Thread(target=self._collect, args=(stream, lines), daemon=True).start()
         self.say(self.answer)
         return self
 
     def __exit__(self, *_):
-        for process in (self.program, self.server):
-            if process.poll() is None:
-                process.send_signal(signal.SIGKILL)
-            process.wait()
+        try:
+            os.killpg(self.program.pid, signal.SIGKILL)  # what speeds up the clock runs the game as its child
+        except ProcessLookupError:
+            pass
+        self.program.wait()
+        self.server.kill()
+        self.server.wait()
 
     @staticmethod
     def _collect(stream, lines):
