@@ -5,7 +5,7 @@ from kit import (RATE, Track, above, band, bell_tone, boost, click, clock, crack
                  wobble)
 from voice import breathy, clear, evened, ring, spoken, vocoded
 
-STEPS = 6  # in a loop of 2.5 seconds: a stride of 1.17 units at 2.8 units a second
+STEPS = 6  # in a loop of 2.5 seconds, as the legs go
 
 
 def foot(size, rng):
@@ -24,7 +24,7 @@ def move():
     track = Track(n, circle=True)
     for k in range(STEPS):
         side = 1.0 if k % 2 == 0 else 0.9
-        start = k * n / STEPS
+        start = k * n / STEPS + 0.12
         swing = 0.33
         pitch = glide(swing, (0, 300 * side), (0.12, 760 * side), (0.22, 690 * side), (swing, 330 * side)) * rng.uniform(0.98, 1.02)
         track.add(level(servo(swing, pitch, rng, 3800) * swell(swing, 0.06, 0.1)), 0.3, start)
@@ -85,13 +85,13 @@ def say(name, text, pitch, speed):
     seconds = len(speech) / RATE
     breath = vocoded(speech, filtered(noise(seconds + 0.1, rng), band(300, 9000, 1)))
     blade = vocoded(speech, breathy(pulse(131, seconds + 0.1, 0.15) + pulse(196.5, seconds + 0.1, 0.15), rng, 0.4))
-    both = 0.5 * ring(speech, 131, 0.35) + 0.45 * breath + 0.5 * blade
+    both = 0.75 * ring(speech, 131, 0.28) + 0.32 * breath + 0.36 * blade
     double = wobble(both, 14, 1.7, 0.35)
-    out = filtered(level(both) + 0.4 * level(double), above(220, 2), boost(3200, 1, 5))
+    out = filtered(level(both) + 0.22 * level(double), above(200, 2), boost(3000, 1, 5))
     track = Track(seconds + 0.16)
     blade_in = level(metal(0.16, 2300, 7000, 6, 0.05, rng)) * swell(0.16, 0.03, 0.1)
     track.add(blade_in, 0.07).add(level(out), 1.0, 0.05)
-    finish(name, room(track.out, 0.5, 0.14, rng, bright=7000, tail=0.1), ceiling=-4, fade_out=0.1)
+    finish(name, room(track.out, 0.45, 0.1, rng, bright=7000, tail=0.1), ceiling=-4, fade_out=0.1)
 
 
 if __name__ == "__main__":

@@ -1,7 +1,7 @@
 """The game's own voice: the two beeps, three refusals, check and checkmate, spoken by the arbiter of the arena."""
 
 from kit import (RATE, Track, above, band, bell_tone, boost, click, decay, dice, drive, filtered, finish, glide,
-                 level, line, metal, pulse, room, saw, sine, swell, thump)
+                 level, line, metal, pulse, room, saw, shelf, sine, swell, thump)
 from voice import breathy, clear, evened, spoken, vocoded
 
 
@@ -72,30 +72,32 @@ def check():
     finish("check0", room(track.out, 0.9, 0.16, rng, bright=6000, tail=0.0), ceiling=-4, fade_out=0.15)
 
     rng = dice("check1")
-    word = arbiter("Check", 24, 120, 1.14, (73.4, 103.8, 146.8), rng)
+    word = arbiter("Check", 24, 115, 1.1, (73.4, 103.8, 146.8), rng)
     track = Track(1.25)
-    track.add(drive(thump(0.8, 190, 55, 0.11), 1.8), 0.55)
+    track.add(drive(thump(0.8, 190, 62, 0.09), 1.8), 0.42)
     low = sum(saw(f, 1.2, rng.uniform()) for f in (146.8, 147.5, 207.7, 208.4))
-    track.add(level(filtered(low, band(120, 1200, 1)) * decay(1.2, 0.22, 0.02)), 0.3)
+    track.add(level(filtered(low, band(120, 1200, 1)) * decay(1.2, 0.2, 0.02)), 0.17)
     track.add(level(word), 1.0, 0.2)
-    finish("check1", room(track.out, 1.0, 0.18, rng, bright=3500, tail=0.0), ceiling=-4, fade_out=0.15)
+    out = filtered(track.out, shelf(150, -4))
+    finish("check1", room(out, 1.0, 0.12, rng, bright=3500, tail=0.0), ceiling=-4, fade_out=0.15)
 
 
 def mate():
     """The word, and under it a fall from the fifth to the ground that rings out like a gate."""
     rng = dice("checkMate0")
     n = 2.0
-    word = arbiter("Checkmate", 28, 125, 1.06, (73.4, 110, 146.8, 174.6), rng)
+    word = arbiter("Checkmate", 30, 125, 1.04, (73.4, 110, 146.8, 174.6), rng)
     track = Track(n)
-    track.add(drive(thump(1.2, 240, 49, 0.16, 0.05), 2), 0.6)
-    track.add(level(metal(1.4, 146.8, 2400, 18, 0.22, rng)), 0.26)
+    track.add(drive(thump(1.2, 240, 58, 0.13, 0.05), 2), 0.45)
+    track.add(level(metal(1.4, 146.8, 2400, 18, 0.22, rng)), 0.16)
     fall = glide(n, (0, 110), (0.5, 110), (0.75, 73.4), (n, 73.4))
     deep = sum(saw(fall * r, n, rng.uniform()) for r in (1, 1.004, 1.5, 2.003, 2.4))
-    track.add(level(filtered(deep, band(110, 1400, 1)) * line(n, (0, 0), (0.04, 1), (0.9, 0.7), (n, 0))), 0.3)
+    track.add(level(filtered(deep, band(110, 1400, 1)) * line(n, (0, 0), (0.04, 1), (0.9, 0.8), (n, 0))), 0.17)
     track.add(level(word), 1.0, 0.22)
-    track.add(drive(thump(0.9, 200, 45, 0.14), 1.8), 0.5, 0.95)
+    track.add(drive(thump(0.9, 200, 58, 0.12), 1.8), 0.45, 0.95)
     track.add(level(metal(0.9, 110, 1800, 14, 0.15, rng)), 0.22, 0.95)
-    finish("checkMate0", room(track.out, 1.4, 0.22, rng, bright=3800, early=0.03, tail=0.0), louder=1, ceiling=-3.5, fade_out=0.35)
+    out = filtered(track.out, shelf(150, -5))
+    finish("checkMate0", room(out, 1.4, 0.14, rng, bright=3800, early=0.03, tail=0.0), louder=1, ceiling=-3.5, fade_out=0.35)
 
 
 if __name__ == "__main__":

@@ -2,10 +2,13 @@
 
 import numpy as np
 
-from kit import (RATE, Track, above, band, below, boost, click, clock, closed, crackle, decay, dice, drive,
-                 filtered, finish, glide, level, line, metal, moving_band, moving_low, noise, pan, pulse, room,
-                 rumble, saw, servo, sine, swell, thump)
+from kit import (RATE, Track, above, band, below, boost, click, closed, crackle, decay, dice, drive, filtered,
+                 finish, glide, level, line, metal, moving_band, moving_low, noise, pan, pressed, pulse, room,
+                 rumble, saw, servo, shelf, sine, swell, thump)
 from voice import breathy, clear, evened, spoken, vocoded
+
+# Weight that a small speaker can tell: less of the deepest bass, more of what sounds with it.
+SMALL = (shelf(150, -7), boost(620, 0.5, 5), boost(2200, 0.7, 4))
 
 
 def foot(size, rng):
@@ -26,7 +29,7 @@ def move():
     n = 2.0
     track = Track(n, circle=True)
     for k, size in enumerate((1.0, 0.92)):
-        start = k * 1.0
+        start = k * 1.0 + 0.34
         lift = glide(0.7, (0, 62), (0.25, 118), (0.5, 104), (0.7, 66)) * size
         hydraulic = filtered(saw(lift, 0.7) + 0.6 * pulse(lift * 2.01, 0.7, 0.2), band(110, 1500, 2), boost(520, 2, 8))
         track.add(level(hydraulic * swell(0.7, 0.12, 0.2)), 0.34, start)
@@ -37,7 +40,8 @@ def move():
         track.add(foot(size, rng), 1.0 - 0.08 * k, start + 0.62)
     reactor = sum(g * saw(closed(f, n), n) for f, g in ((55, 1), (55.5, 0.8), (82.5, 0.5), (110.5, 0.4)))
     track.add(level(filtered(reactor, band(60, 520, 2), circle=True)), 0.12)
-    finish("kingMove", room(track.out, 0.6, 0.2, rng, bright=3500, early=0.02, circle=True), louder=-2, ceiling=-4, circle=True)
+    out = filtered(room(track.out, 0.6, 0.2, rng, bright=3500, early=0.02, circle=True), *SMALL, circle=True)
+    finish("kingMove", out, louder=-2, ceiling=-5, circle=True)
 
 
 def attack():
@@ -53,8 +57,8 @@ def attack():
     arc = (0.4 + 0.6 * sine(100, n)) * filtered(noise(n, rng), band(900, 6500, 1), boost(2300, 2, 6))
     track.add(level(arc * line(n, (0, 0), (0.08, 1), (0.25, 0.45), (0.6, 0))), 0.26)
     track.add(crackle(line(n, (0, 30), (0.1, 200), (0.4, 60), (n, 0)), rng), 0.3)
-    finish("kingAttack", room(drive(level(track.out), 1.6), 0.7, 0.2, rng, bright=3500, early=0.03, tail=0.0), louder=2,
-           ceiling=-2.5, fade_out=0.15)
+    out = drive(level(filtered(track.out, *SMALL)), 1.8)
+    finish("kingAttack", room(out, 0.7, 0.2, rng, bright=4500, early=0.03, tail=0.0), louder=2, ceiling=-3, fade_out=0.15)
 
 
 def self_destruct():
@@ -79,7 +83,8 @@ def self_destruct():
         mono.add(thump(0.5, 170, 52, 0.08), 0.8 * size, at)
         mono.add(level(metal(0.5, 210, 3000, 16, 0.06, rng)), 0.32 * size, at)
     out = mono.out * line(n, (0, 0.62), (1.5, 0.75), (3.2, 1), (n, 1))
-    finish("kingSelfDestructStart", room(drive(level(out), 1.5), 0.5, 0.14, rng, tail=0.0), louder=0, ceiling=-3.5, fade_out=0.03)
+    out = pressed(filtered(out, shelf(160, -4)), 0.25)
+    finish("kingSelfDestructStart", room(drive(level(out), 1.5), 0.5, 0.14, rng, tail=0.0), louder=1, ceiling=-3.5, fade_out=0.03)
 
 
 def explode():
@@ -103,8 +108,9 @@ def explode():
         track.add(pan(piece, rng.uniform(-0.9, 0.9)), 0.2 * rng.uniform(0.3, 1) * (1.15 - at / 3), at)
     last = glide(1.6, (0, 300), (1.6, 34))
     track.add(filtered(saw(last, 1.6) + saw(last * 1.01, 1.6), band(120, 1600, 2)) * decay(1.6, 0.3, 0.1), 0.14, 0.5)
-    out = room(track.out, 1.8, 0.3, rng, bright=3200, early=0.05, tail=0.0)
-    finish("kingExplode", out, louder=2, ceiling=-2, fade_out=0.6)
+    out = pressed(filtered(track.out, *SMALL), 0.3)
+    out = room(out, 1.8, 0.3, rng, bright=3200, early=0.05, tail=0.0)
+    finish("kingExplode", out, louder=2, ceiling=-2.5, fade_out=0.6)
 
 
 def say(name, text, pitch, speed):

@@ -13,7 +13,8 @@ import zlib
 import numpy as np
 
 RATE = 44100
-MEDIA = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "data", "media")
+DATA = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "data")
+MEDIA = os.path.join(os.environ.get("TOLVANE_DATA", DATA), "media")
 
 
 def samples(seconds):
@@ -148,8 +149,9 @@ def boost(pitch, sharpness, decibels):
     return lambda f: 1.0 + (db(decibels) - 1.0) * peak(pitch, sharpness)(f)
 
 
-def tilt(decibels_an_octave, pivot=1000.0):
-    return lambda f: (np.maximum(f, 20.0) / pivot) ** (decibels_an_octave / 6.0206)
+def shelf(pitch, decibels):
+    """Raises or lowers everything well below the pitch."""
+    return lambda f: 1.0 + (db(decibels) - 1.0) * below(pitch, 1)(f)
 
 
 def _through(x, response):
@@ -229,6 +231,18 @@ def crush(x, bits, hold=1):
     steps = 2.0 ** (bits - 1)
     held = np.repeat(x[::hold], hold)[:len(x)]
     return np.round(held * steps) / steps
+
+
+def pressed(x, amount, window=0.12, circle=False):
+    """Brings soft stretches up towards loud ones: amount 0 leaves all as it is, 1 makes it all alike."""
+    power = np.mean(x ** 2, axis=1) if x.ndim == 2 else x ** 2
+    reach = samples(window)
+    size = len(power) if circle else len(power) + 8 * reach
+    n = np.arange(size)
+    bump = np.exp(-0.5 * (np.minimum(n, size - n) / reach) ** 2)
+    slow = np.fft.irfft(np.fft.rfft(power, size) * np.fft.rfft(bump / bump.sum()), size)[:len(x)]
+    gain = np.maximum(slow, 1e-4 * np.max(slow)) ** (-0.5 * amount)
+    return x * (gain[:, None] if x.ndim == 2 else gain)
 
 
 def wobble(x, milliseconds, rate, depth=0.5, circle=False, start=0.0):

@@ -1,8 +1,8 @@
 """The knight: a horse-headed gunship on jets; its pilot speaks over the noise of the turbines."""
 
 from kit import (RATE, Track, above, band, bell_tone, below, boost, circling, click, clock, closed, crackle, crush,
-                 decay, dice, drive, filtered, finish, glide, level, line, metal, moving_band, noise, pulse, room,
-                 rumble, saw, sine, swell, thump)
+                 decay, dice, drive, filtered, finish, glide, level, line, metal, moving_band, noise, pressed,
+                 pulse, room, rumble, saw, shelf, sine, swell, thump)
 from voice import breathy, clear, evened, radio, spoken, vocoded
 
 
@@ -67,26 +67,27 @@ def explosion():
     for at, gain in ((0.0, 1.0), (0.11, 0.55)):
         track.add(click(0.08, 500, 9000, 0.008, rng), 0.85 * gain, at)
         track.add(drive(thump(0.9, 260, 48, 0.11, 0.05), 2), 0.95 * gain, at)
-    ball = moving_band(noise(n, rng), glide(n, (0, 1900), (0.15, 700), (0.6, 300), (n, 150)), 0.7) * decay(n, 0.17, 0.003)
+    ball = moving_band(noise(n, rng), glide(n, (0, 1900), (0.15, 700), (0.6, 340), (n, 160)), 0.7) * decay(n, 0.27, 0.003)
     track.add(drive(level(ball), 3.5), 0.8)
-    track.add(rumble(n, rng, 50, 350) * line(n, (0, 0), (0.06, 1), (0.5, 0.5), (n, 0)), 0.5)
+    track.add(rumble(n, rng, 50, 350) * line(n, (0, 0), (0.06, 1), (0.7, 0.6), (n, 0)), 0.6)
     for _ in range(16):
         at = 0.3 + 1.2 * rng.uniform(0, 1) ** 1.3
         low = rng.uniform(700, 2400)
-        track.add(level(metal(0.2, low, 7000, 7, 0.03, rng)), 0.2 * (1.7 - at) * rng.uniform(0.3, 1), at)
-    track.add(crackle(line(n, (0, 0), (0.1, 260), (0.6, 90), (n, 10)), rng, 900, 6000), 0.32)
-    finish("explosionSmall", room(level(track.out), 0.9, 0.22, rng, bright=3500, early=0.03, tail=0.0), louder=2, ceiling=-2.5, fade_out=0.3)
+        track.add(level(metal(0.2, low, 7000, 7, 0.03, rng)), 0.34 * (1.8 - at) * rng.uniform(0.3, 1), at)
+    track.add(crackle(line(n, (0, 0), (0.1, 260), (0.6, 140), (n, 10)), rng, 900, 6000), 0.5)
+    out = pressed(filtered(track.out, shelf(150, -4), boost(800, 0.6, 4)), 0.25)
+    finish("explosionSmall", room(level(out), 0.9, 0.22, rng, bright=3500, early=0.03, tail=0.0), louder=2, ceiling=-2.5, fade_out=0.3)
 
 
 def say(name, text, pitch, speed):
     """A pilot in the cockpit: turbines behind, a coarse digital link, a beep when it closes."""
     rng = dice(name)
-    speech = evened(clear(spoken(text, "en-gb+f5", pitch, speed, 1.03)), 0.45)
+    speech = evened(clear(spoken(text, "en-gb+f5", pitch, speed, 1.03)), 0.3)
     seconds = len(speech) / RATE
     drone = pulse(233, seconds + 0.1, 0.3)
     machine = vocoded(speech, breathy(drone, rng, 0.3))
-    link = level(filtered(crush(level(0.85 * level(speech) + 0.35 * level(machine)), 6, 4), below(6000, 2)))
-    out = level(radio(link, 2.4)) + 0.25 * link
+    link = level(filtered(crush(level(0.9 * level(speech) + 0.3 * level(machine)), 7, 3), below(6500, 2)))
+    out = level(radio(link, 1.6)) + 0.4 * link
     total = seconds + 0.2
     track = Track(total)
     noise_floor = filtered(noise(total, rng), band(500, 3200, 1), boost(1240, 8, 12)) * swell(total, 0.03, 0.05)

@@ -20,8 +20,8 @@ import wave
 import numpy as np
 
 from instruments import bass, bell, brush, drone, flute, heart, pad, pluck, tick, tide
-from kit import (MEDIA, RATE, Track, above, below, boost, circling, comb, db, dice, filtered, limited, moving_low, room,
-                 samples)
+from kit import (MEDIA, RATE, Track, above, below, boost, circling, comb, db, dice, filtered, limited, moving_low,
+                 room, samples)
 
 BEAT = 60 / 90
 BAR = 4 * BEAT

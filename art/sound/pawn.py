@@ -6,7 +6,7 @@ from kit import (RATE, Track, band, bell_tone, below, boost, click, clock, crack
                  finish, glide, level, line, metal, moving_band, noise, pulse, room, saw, servo, sine, swell, thump)
 from voice import breathy, clear, evened, radio, ring, spoken, vocoded
 
-STEP = 0.5  # seconds from foot to foot: at 2.5 units a second a stride of 1.25 suits a machine 2 units tall
+STEP = 1 / 3  # seconds from foot to foot, as the legs go
 
 
 def foot(heavy, rng):
@@ -22,16 +22,17 @@ def foot(heavy, rng):
 def move():
     rng = dice("pawnMove")
     track = Track(3.0)
-    for k in range(6):
+    for k in range(9):
         side = 1.0 if k % 2 == 0 else 1.12
-        start = k * STEP
-        pitch = glide(0.34, (0, 190 * side), (0.1, 430 * side), (0.2, 360 * side), (0.34, 210 * side))
-        lift = servo(0.34, pitch * rng.uniform(0.98, 1.02), rng) * swell(0.34, 0.05, 0.12)
-        track.add(level(lift), 0.32, start)
-        track.add(click(0.03, 2500, 8000, 0.004, rng), 0.12, start + 0.015)
-        track.add(foot(1.0 / side, rng), rng.uniform(0.9, 1.0), start + 0.24)
-        hiss = filtered(noise(0.14, rng), band(2500, 9000, 1)) * swell(0.14, 0.02, 0.1)
-        track.add(level(hiss), 0.09, start + 0.3)
+        start = k * STEP + 0.03
+        pitch = glide(0.27, (0, 200 * side), (0.08, 450 * side), (0.17, 380 * side), (0.27, 220 * side))
+        lift = servo(0.27, pitch * rng.uniform(0.97, 1.03), rng) * swell(0.27, 0.04, 0.1)
+        track.add(level(lift), rng.uniform(0.24, 0.32), start)
+        track.add(click(0.03, 2500, 8000, 0.004, rng), 0.1, start + 0.012)
+        if start + 0.5 < 3.0:
+            track.add(foot(rng.uniform(0.97, 1.03) / side, rng), rng.uniform(0.85, 1.0), start + 0.27)
+        hiss = filtered(noise(0.12, rng), band(2500, 9000, 1)) * swell(0.12, 0.02, 0.08)
+        track.add(level(hiss), 0.07, start + 0.31)
     hum = (saw(82, 3.0) + 0.7 * saw(123.5, 3.0)) * (1 + 0.2 * sine(4, 3.0))
     track.add(level(filtered(hum, band(90, 600, 2))) * line(3.0, (0, 0), (0.08, 1), (2.8, 1), (3, 0)), 0.07)
     finish("pawnMove", room(track.out, 0.3, 0.16, rng, tail=0.0), louder=-3, ceiling=-5)
@@ -84,7 +85,7 @@ def say(name, text, pitch, speed):
     seconds = len(speech) / RATE
     drone = pulse(168 * (1 + 0.004 * sine(6, seconds + 0.1)), seconds + 0.1, 0.2)
     machine = vocoded(speech, breathy(drone, rng, 0.35))
-    out = radio(ring(0.62 * level(speech) + 0.55 * level(machine), 62, 0.22), 1.8)
+    out = radio(ring(0.7 * level(speech) + 0.42 * level(machine), 62, 0.18), 1.5)
     track = Track(seconds + 0.16)
     track.add(level(sine(1900, 0.035) * swell(0.035, 0.004, 0.01)), 0.16, 0.0)
     track.add(click(0.02, 1500, 7000, 0.003, rng), 0.2, 0.0)

@@ -4,7 +4,7 @@ import numpy as np
 
 from kit import (RATE, Track, above, band, bell_tone, boost, circling, click, clock, closed, closed_curve, crackle,
                  dice, drive, filtered, finish, glide, level, line, metal, modes, moving_band, noise, pan, peak,
-                 pulse, room, saw, sine, swell, thump, wobble)
+                 pressed, pulse, room, saw, shelf, sine, swell, thump, wobble)
 from voice import breathy, clear, evened, spoken, vocoded
 
 CHOIR = (220.0, 329.6, 440.0, 659.3)  # an open fifth in two octaves
@@ -22,7 +22,7 @@ def move():
     track = Track(n, circle=True)
     for pitch, gain in zip(CHOIR, (1.0, 0.7, 0.6, 0.3)):
         for k in range(5):
-            tone = closed(pitch, n) + (k - 2) / n * (1 + pitch / 440)
+            tone = closed(pitch, n) + (-5, -2, 0, 3, 7)[k] * max(1, round(pitch / 440)) / n
             voice = saw(closed(tone, n), n, rng.uniform())
             track.add(voice * (1 + 0.25 * circling(n, rng, 0.4)), gain)
     breath = 0.8 + 0.2 * sine(1 / n, n, 0.1)
@@ -30,7 +30,8 @@ def move():
     jet = filtered(noise(n, rng), band(160, 1300, 1), boost(430, 1.2, 5), circle=True) * (1 + 0.3 * circling(n, rng, 0.2))
     high = filtered(noise(n, rng), band(2500, 7500, 1), circle=True) * (1 + 0.3 * circling(n, rng, 0.3))
     turbine = sine(closed(1174.7, n), n) + 0.7 * sine(closed(1178, n), n) + 0.3 * sine(closed(2349, n), n)
-    out = 0.62 * choir + 0.4 * level(jet) + 0.09 * level(high) + 0.05 * turbine
+    out = 0.6 * choir + 0.55 * level(jet) + 0.15 * level(high) + 0.05 * turbine
+    out = pressed(out, 0.7, 0.15, circle=True)
     finish("queenMove", room(out, 1.0, 0.25, rng, circle=True), louder=-3, ceiling=-6, circle=True)
 
 
@@ -77,7 +78,8 @@ def transformation():
         track.add(pan(struck * np.minimum(1, clock(0.5) / 0.003), rng.uniform(-0.8, 0.8) * (1 - k / 40)), 0.05 + 0.0016 * k, when)
     shine = sum(sine(880 * r, 2.4, rng.uniform()) * (1 + 0.3 * sine(5 + r, 2.4)) / r for r in (1, 1.5, 2, 3, 4))
     track.add(level(shine * swell(2.4, 1.8, 0.5)), 0.2, 5.5)
-    out = room(track.out, 1.6, 0.26, rng, bright=6500, early=0.03, tail=0.0)
+    out = pressed(filtered(track.out, shelf(150, -4)), 0.45)
+    out = room(out, 1.6, 0.26, rng, bright=6500, early=0.03, tail=0.0)
     finish("queenTransformation", out, louder=-1, ceiling=-4, fade_out=0.4)
 
 
@@ -122,7 +124,7 @@ def ufo():
     warble = moving_band(warble, throat, 3.5, circle=True)
     air = moving_band(noise(n, rng), 1800 * 2 ** (0.7 * sine(3.25, n, 0.25)), 2.5, circle=True)
     throb = 0.72 + 0.28 * sine(6.5, n)
-    out = 0.42 * level(singing) * throb + 0.5 * level(warble) + 0.15 * level(air) * throb
+    out = 0.42 * level(singing) * throb + 0.5 * level(warble) + 0.3 * level(air) * throb
     out = out + 0.4 * wobble(out, 12, 0.5, 0.4, circle=True)
     finish("queenUfo", room(out, 1.0, 0.3, rng, circle=True), louder=-2, ceiling=-5, circle=True)
 
@@ -143,7 +145,8 @@ def ufo_beam():
     track.add(level(hum * shake) * body, 0.6).add(level(sparkle) * body, 0.24).add(level(wind) * body, 0.3)
     track.add(thump(0.5, 260, 70, 0.07), 0.7).add(click(0.06, 900, 7000, 0.008, rng), 0.35)
     track.add(level(metal(0.4, 1300, 5000, 6, 0.05, rng)), 0.12, 2.5).add(thump(0.4, 180, 90, 0.06), 0.4, 2.5)
-    finish("queenUfoBeam", room(track.out, 0.9, 0.22, rng, tail=0.0), louder=-2, ceiling=-5, fade_out=0.12)
+    out = pressed(filtered(track.out, shelf(150, -4)), 0.4)
+    finish("queenUfoBeam", room(out, 0.9, 0.22, rng, tail=0.0), louder=-2, ceiling=-5, fade_out=0.12)
 
 
 def ufo_engage():
@@ -161,7 +164,8 @@ def ufo_engage():
     track = Track(n)
     track.add(rotor, 0.5).add(ghost, 0.2).add(gust, 0.55)
     track.add(thump(0.45, 320, 60, 0.08, 0.04), 0.85, 2.5).add(click(0.08, 800, 8000, 0.01, rng), 0.4, 2.5)
-    finish("queenUfoEngage", room(track.out, 0.9, 0.22, rng, tail=0.0), louder=0, ceiling=-4, fade_out=0.12)
+    out = pressed(filtered(track.out, shelf(150, -3)), 0.3)
+    finish("queenUfoEngage", room(out, 0.9, 0.22, rng, tail=0.0), ceiling=-4, fade_out=0.12)
 
 
 def say(name, text, pitch, speed):
@@ -171,13 +175,13 @@ def say(name, text, pitch, speed):
     seconds = len(speech) / RATE
     chord = sum(g * saw(f, seconds + 0.1, rng.uniform()) for f, g in ((220, 1), (220.9, 0.8), (329.6, 0.7), (440.7, 0.6), (554.4, 0.35)))
     glass = vocoded(speech, breathy(chord, rng, 0.4), count=36)
-    both = 0.62 * level(speech) + 0.66 * level(glass)
-    out = both + 0.3 * wobble(both, 18, 0.9, 0.3)
+    both = 0.75 * level(speech) + 0.55 * level(glass)
+    out = both + 0.2 * wobble(both, 18, 0.9, 0.3)
     out = filtered(out, above(170, 2), boost(3400, 0.8, 4))
     track = Track(seconds + 0.24)
     chime = modes(0.24, ((1760, 1, 0.05), (2637, 0.6, 0.04), (3520, 0.3, 0.03))) * np.minimum(1, clock(0.24) / 0.01)
     track.add(level(chime), 0.08).add(level(out), 1.0, 0.05)
-    finish(name, room(track.out, 0.9, 0.18, rng, bright=7000, early=0.02, tail=0.0), ceiling=-4, fade_out=0.15)
+    finish(name, room(track.out, 0.9, 0.13, rng, bright=7000, early=0.02, tail=0.0), ceiling=-4, fade_out=0.15)
 
 
 if __name__ == "__main__":
@@ -188,7 +192,7 @@ if __name__ == "__main__":
     ufo_beam()
     ufo_engage()
     say("queenSelected0", "At last", 52, 140)
-    say("queenSelected1", "I wait", 48, 125)
+    say("queenSelected1", "Choose well", 48, 145)
     say("queenAck0", "Understood", 50, 155)
     say("queenAck1", "With pleasure", 54, 155)
     say("queenAck2", "As planned", 50, 150)

@@ -4,7 +4,7 @@ import numpy as np
 
 from kit import (RATE, Track, above, band, below, boost, circling, click, clock, closed, comb, crackle, decay, dice,
                  drive, filtered, finish, glide, level, line, metal, moving_band, noise, pulse, room, rumble, saw,
-                 sine, swell, thump)
+                 shelf, sine, swell, thump)
 from voice import breathy, clear, evened, spoken, vocoded
 
 
@@ -33,7 +33,8 @@ def move():
         track.add(squeal * swell(len(squeal) / RATE, 0.1, 0.15), 0.045, at)
     whine = sine(closed(448, n) * (1 + 0.004 * sine(2 / n, n)), n) * 0.05
     track.add(whine - whine.mean())
-    finish("rookMove", room(track.out, 0.3, 0.14, rng, circle=True), louder=-3, ceiling=-6, circle=True)
+    out = filtered(track.out, shelf(150, -3), boost(1300, 0.5, 5), circle=True)
+    finish("rookMove", room(out, 0.3, 0.14, rng, circle=True), louder=-3, ceiling=-6, circle=True)
 
 
 def shot():
@@ -49,8 +50,9 @@ def shot():
     slide = moving_band(noise(0.28, rng), glide(0.28, (0, 900), (0.28, 2100)), 2.5) * swell(0.28, 0.05, 0.06)
     track.add(level(slide), 0.13, 0.34)
     track.add(level(metal(0.2, 380, 3000, 10, 0.03, rng)), 0.2, 0.6).add(thump(0.15, 160, 80, 0.025), 0.3, 0.6)
-    out = room(drive(level(track.out), 1.8), 0.7, 0.2, rng, bright=3500, early=0.03, tail=0.0)
-    finish("rookshot3", out, louder=2, ceiling=-2, fade_out=0.12)
+    out = drive(level(filtered(track.out, shelf(150, -5), boost(700, 0.5, 5), boost(2200, 0.7, 3))), 2.0)
+    out = room(out, 0.7, 0.2, rng, bright=4500, early=0.03, tail=0.0)
+    finish("rookshot3", out, louder=2, ceiling=-3, fade_out=0.12)
 
 
 def collapse():
@@ -67,7 +69,8 @@ def collapse():
     track.add(masses, 0.6)
     rubble = crackle(line(n, (0, 20), (0.6, 160), (1.2, 90), (n, 8)), rng, 500, 3500)
     track.add(rubble, 0.35)
-    finish("rookdeath", room(level(track.out), 0.6, 0.2, rng, bright=3000, tail=0.0), louder=-1, ceiling=-6,
+    out = filtered(track.out, shelf(140, -5), boost(600, 0.6, 4))
+    finish("rookdeath", room(level(out), 0.6, 0.2, rng, bright=3000, tail=0.0), louder=-1, ceiling=-6,
            fade_out=0.25)
 
 

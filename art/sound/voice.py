@@ -17,7 +17,7 @@ def spoken(text, voice, pitch=50, speed=160, size=1.0):
     the pitch with them), while the speed stays as told."""
     with tempfile.TemporaryDirectory() as folder:
         path = os.path.join(folder, "speech.wav")
-        subprocess.run(["espeak-ng", "-v", voice, "-p", str(pitch), "-s", str(int(round(speed * size))), "-a", "150",
+        subprocess.run(["espeak-ng", "-v", voice, "-p", str(pitch), "-s", str(int(round(speed * size))), "-a", "100",
                         "-w", path, text], check=True)
         with wave.open(path) as source:
             rate = source.getframerate()
