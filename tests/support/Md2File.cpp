@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <type_traits>
 
 namespace tolvane::test {
@@ -15,8 +16,9 @@ constexpr std::size_t frameHeadSize = 24 + frameNameSize;
 template <typename Record>
 void Append(std::vector<std::uint8_t>& bytes, const Record& record) {
     static_assert(std::is_trivially_copyable_v<Record>);
-    const auto* first = reinterpret_cast<const std::uint8_t*>(&record);
-    bytes.insert(bytes.end(), first, first + sizeof(Record));
+    const std::size_t end = bytes.size();
+    bytes.resize(end + sizeof(Record));
+    std::memcpy(bytes.data() + end, &record, sizeof(Record));
 }
 
 template <typename Record>
