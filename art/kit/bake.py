@@ -16,7 +16,7 @@ PADDING = 4  # pixels between two islands, at the size of the picture
 APART = 16.0  # distance between parts while the twin is baked, at least
 
 
-def bake(figure, size=512, samples=12, bevel=0.03, reach=0.3, extrude=0.06, floor=True, shade_reach=1.2):
+def bake(figure, size=512, samples=8, bevel=0.03, reach=0.3, extrude=0.06, floor=True, shade_reach=1.2):
     """Unwraps a figure and bakes its maps. `bevel` is the width of edge wear, `reach` the distance of occlusion,
     `extrude` how far detail may stand out of the low mesh."""
     bpy.ops.wm.read_factory_settings(use_empty=True)

@@ -47,19 +47,19 @@ def noise(points, seed=0):
     base = np.floor(points).astype(np.int64)
     t = points - base
     t = t * t * (3 - 2 * t)
+    key = [(base[..., a].astype(np.uint64), m) for a, m in enumerate((0x9E3779B1, 0x85EBCA77, 0xC2B2AE3D))]
+    sides = [((q * np.uint64(m), (q + np.uint64(1)) * np.uint64(m)), (1 - t[..., a], t[..., a]))
+             for a, (q, m) in enumerate(key)]
     result = np.zeros(points.shape[:-1])
     for corner in range(8):
-        d = np.array([corner & 1, corner >> 1 & 1, corner >> 2])
-        weight = np.prod(np.where(d, t, 1 - t), axis=-1)
-        q = (base + d).astype(np.uint64)
-        with np.errstate(over="ignore"):
-            h = (q[..., 0] * np.uint64(0x9E3779B1) ^ q[..., 1] * np.uint64(0x85EBCA77) ^ q[..., 2] * np.uint64(0xC2B2AE3D))
-            h = (h + np.uint64(seed * 7919 + 17)) * np.uint64(0x27D4EB2F165667C5)
-            h ^= h >> np.uint64(29)
-            h *= np.uint64(0x165667B19E3779F9)
-            h ^= h >> np.uint64(32)
-        result += weight * (h & np.uint64(0xFFFFFF)).astype(float) / 0xFFFFFF
-    return result
+        x, y, z = corner & 1, corner >> 1 & 1, corner >> 2
+        h = (sides[0][0][x] ^ sides[1][0][y] ^ sides[2][0][z]) + np.uint64(seed * 7919 + 17)
+        h *= np.uint64(0x27D4EB2F165667C5)
+        h ^= h >> np.uint64(29)
+        h *= np.uint64(0x165667B19E3779F9)
+        h ^= h >> np.uint64(32)
+        result += sides[0][1][x] * sides[1][1][y] * sides[2][1][z] * (h & np.uint64(0xFFFFFF))
+    return result / 0xFFFFFF
 
 
 def fractal(points, octaves=4, seed=0):
@@ -151,7 +151,10 @@ class Paint:
 
     def grain(self, size, octaves=4, seed=0, stretch=(1, 1, 1)):
         """Noise over space with features of `size`, 0 to 1; `stretch` lengthens them along an axis."""
-        return fractal(self.pos / (size * np.asarray(stretch, float)) + 31.7 * (seed + 1), octaves, self.seed + seed)
+        result = np.zeros(self.inside.shape)
+        places = self.pos[self.inside] / (size * np.asarray(stretch, float)) + 31.7 * (seed + 1)
+        result[self.inside] = fractal(places, octaves, self.seed + seed)
+        return result[self.nearest]
 
     def _axis(self, axis):
         vector = {"x": (1, 0, 0), "y": (0, 1, 0), "z": (0, 0, 1)}.get(axis, axis) if isinstance(axis, str) else axis
@@ -268,9 +271,9 @@ class Paint:
         ridge = np.clip(np.maximum(maps.edge, self.soft(self.rim, 0.007) * (maps.ao > 0.75)), 0, 1) * self.worn
         self.lay(ridge * smoothstep(0.15, 0.5, broken) * armour * wear, "edge", 0.6)
         self.lay(ridge * bare * (0.4 + 0.6 * broken), "wear", 0.45 * min(1.0, wear))
-        bite = smoothstep(0.0, 0.05, 0.045 * smoothstep(0.45, 0.8, broken) * wear - self.rim + 0.012 * wear)
+        bite = self.soft(self.rim, 0.030 * smoothstep(0.52, 0.85, broken) * wear)
         chips = smoothstep(0.70, 0.75, self.grain(0.05, 3, 9)) * smoothstep(0.58, 0.75, self.grain(0.45, 2, 11)) * wear
-        gone = np.clip(np.maximum(ridge * smoothstep(0.55, 0.7, broken), np.maximum(bite * 1.6, 0.55 * chips)), 0, 1)
+        gone = np.clip(np.maximum(ridge * smoothstep(0.55, 0.7, broken), np.maximum(bite * (broken > 0.56), 0.5 * chips)), 0, 1)
         self.lay(gone * armour * self.worn, "wear", 0.8)
 
         glass = np.clip(self.lit, 0, 1)
