@@ -449,38 +449,56 @@ def decorate(paint):
     marks(paint)
 
 
+class Patch:
+    """A few texels of a picture, so that what belongs to one part is worked out for that part alone."""
+
+    def __init__(self, paint, where):
+        self.paint, self.at = paint, np.nonzero(where)
+        self.pos = paint.pos[self.at]
+
+    def soft(self, distance, width):
+        return np.clip(0.5 + (width - distance) / self.paint.texel, 0, 1)
+
+    def lay(self, mask, tone, strength=1.0):
+        cover = np.clip(mask * strength, 0, 1)[:, None]
+        self.paint.color[self.at] = self.paint.color[self.at] * (1 - cover) + self.paint.tone(tone) * cover
+
+
+# Veins of the two stones: scale, fineness, width, strength, colour.
+VEINS = {
+    "stone_light": ((1.9, 71, 0.012, 0.50, (0.46, 0.42, 0.41)), (0.8, 73, 0.010, 0.24, (0.54, 0.47, 0.42))),
+    "stone_dark": ((1.9, 71, 0.010, 0.50, (0.62, 0.62, 0.70)), (0.8, 73, 0.010, 0.25, (0.26, 0.26, 0.33))),
+}
+
+
 def stones(paint):
-    light, dark = paint.material("stone_light"), paint.material("stone_dark")
-    bend = paint.grain(1.6, 3, 61)[..., None] * np.array([1.3, 0.0, -1.1]) + paint.pos
-    vein = np.abs(fractal(bend / 1.9 + 5, 5, 71) - 0.5)
-    fine = np.abs(fractal(bend / 0.8 + 15, 5, 73) - 0.5)
-    cloud = paint.grain(0.9, 4, 63)
-    paint.color *= (1 + (light + dark) * 0.22 * (cloud - 0.5))[..., None]
-    paint.lay(light * np.exp(-vein / 0.012) * 0.50, (0.50, 0.46, 0.44))
-    paint.lay(light * np.exp(-fine / 0.010) * 0.22, (0.60, 0.52, 0.46))
-    paint.lay(dark * np.exp(-vein / 0.010) * 0.50, (0.62, 0.62, 0.70))
-    paint.lay(dark * np.exp(-fine / 0.010) * 0.25, (0.26, 0.26, 0.33))
-    speck = smoothstep(0.70, 0.80, paint.grain(0.055, 2, 67))
-    paint.lay(speck * dark * 0.35, (0.60, 0.61, 0.68))
-    paint.lay(speck * light * 0.20, (0.60, 0.57, 0.54))
-    edge = smoothstep(0.15, 0.6, paint.maps.edge) * (light + dark)
-    paint.lay(edge * 0.5 * smoothstep(0.3, 0.6, paint.grain(0.3, 3, 69)), (0.92, 0.90, 0.88))
+    for kind, veins in VEINS.items():
+        patch = Patch(paint, paint.material(kind) > 0)
+        cloud = fractal(patch.pos / 0.9 + 63, 4, 63)
+        paint.color[patch.at] *= (1 + 0.24 * (cloud - 0.5))[:, None]
+        bend = patch.pos + fractal(patch.pos / 1.6 + 61, 3, 61)[:, None] * np.array([1.3, 0.0, -1.1])
+        for scale, seed, width, strength, tone in veins:
+            vein = np.abs(fractal(bend / scale + seed, 5, seed) - 0.5)
+            patch.lay(np.exp(-vein / width), tone, strength)
+        speck = smoothstep(0.70, 0.80, fractal(patch.pos / 0.055 + 67, 2, 67))
+        patch.lay(speck, veins[0][4], 0.3)
+        worn = smoothstep(0.15, 0.6, paint.maps.edge[patch.at]) * smoothstep(0.3, 0.6, fractal(patch.pos / 0.3 + 69, 3, 69))
+        patch.lay(worn, (0.92, 0.90, 0.88), 0.5)
 
 
 def letters(paint):
+    """Letters and numbers: cut in, dark on the side of the light, inlaid with pale metal."""
     names = [(f"letter.{k}", "abcdefgh"[k], -12.25 + FIELD * k, (EDGE + BAND) / 2) for k in range(8)]
     names += [(f"number.{k}", "12345678"[k], -(EDGE + BAND) / 2, 12.25 - FIELD * k) for k in range(8)]
     for part, glyph, x, z in names:
-        here = paint.part(part) * (paint.nrm[..., 1] > 0.8)
-        u, v = (paint.pos[..., 0] - x) / LETTER, (z - paint.pos[..., 2]) / LETTER
+        patch = Patch(paint, paint.part(part) > 0)
+        u, v = (patch.pos[:, 0] - x) / LETTER, (z - patch.pos[:, 2]) / LETTER
         cut = stroke_distance(u, v, glyph) * LETTER
-        shadow = stroke_distance(u, v - 0.05, glyph) * LETTER
-        shine = stroke_distance(u, v + 0.05, glyph) * LETTER
-        paint.lay(here * paint.soft(cut, 0.115), "line", 0.9)
-        paint.lay(here * paint.soft(shine, 0.10), "wear", 0.35)
-        paint.lay(here * paint.soft(shadow, 0.10), "line", 0.9)
-        paint.lay(here * paint.soft(cut, 0.075), "mark")
-        paint.height -= here * paint.soft(cut, 0.09)
+        patch.lay(patch.soft(cut, 0.115), "line", 0.9)
+        patch.lay(patch.soft(stroke_distance(u, v + 0.05, glyph) * LETTER, 0.10), "wear", 0.35)
+        patch.lay(patch.soft(stroke_distance(u, v - 0.05, glyph) * LETTER, 0.10), "line", 0.9)
+        patch.lay(patch.soft(cut, 0.078), "mark")
+        paint.height[patch.at] -= patch.soft(cut, 0.09)
 
 
 def marks(paint):
@@ -525,7 +543,7 @@ def build():
 
 def main():
     figure = build()
-    maps = figure.bake(size=1024, samples=10, bevel=0.06, reach=0.5, extrude=0.16, floor=False, shade_reach=2.5)
+    maps = figure.bake(size=1024, samples=6, bevel=0.06, reach=0.5, extrude=0.16, floor=False, shade_reach=2.5)
     figure.write(maps.uv, low=LOW, step=STEP)
     paint = Paint(figure, maps, PALETTE, 3)
     decorate(paint)
