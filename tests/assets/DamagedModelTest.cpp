@@ -65,10 +65,19 @@ void UseModel(const TemporaryFile& file, const Bytes& bytes) {
     instance.DrawVBO(false, nullptr, nullptr, nullptr);
     instance.DrawVertexArray(false, nullptr, nullptr, nullptr);
     instance.DrawImmediate(false, nullptr, nullptr, nullptr);
-    glFinish();
 }
 
-TEST(DamagedModel, MayBeCutShortAnywhere) {
+// Draws into a corner of the window: what is drawn matters less here than that it can be.
+class DamagedModel : public ::testing::Test {
+protected:
+    DamagedModel() { glViewport(0, 0, 8, 8); }
+    ~DamagedModel() override {
+        glFinish();
+        glViewport(0, 0, test::GlWindow::width, test::GlWindow::height);
+    }
+};
+
+TEST_F(DamagedModel, MayBeCutShortAnywhere) {
     const Bytes sound = Sound().Bytes();
     const TemporaryFile file(sound);
     test::PrintedBy([&] {
@@ -77,7 +86,7 @@ TEST(DamagedModel, MayBeCutShortAnywhere) {
     });
 }
 
-TEST(DamagedModel, MayLieInAnyFieldOfItsHeader) {
+TEST_F(DamagedModel, MayLieInAnyFieldOfItsHeader) {
     const Bytes sound = Sound().Bytes();
     const auto size = static_cast<std::int32_t>(sound.size());
     const std::array lies{std::numeric_limits<std::int32_t>::min(),
@@ -108,7 +117,7 @@ TEST(DamagedModel, MayLieInAnyFieldOfItsHeader) {
     });
 }
 
-TEST(DamagedModel, MayLieInAllCountsAtOnce) {
+TEST_F(DamagedModel, MayLieInAllCountsAtOnce) {
     const Bytes sound = Sound().Bytes();
     const TemporaryFile file(sound);
     test::PrintedBy([&] {
@@ -121,21 +130,19 @@ TEST(DamagedModel, MayLieInAllCountsAtOnce) {
     });
 }
 
-TEST(DamagedModel, MayHaveAnyByteWrong) {
+TEST_F(DamagedModel, MayHaveAnyByteWrong) {
     const Bytes sound = Sound().Bytes();
     const TemporaryFile file(sound);
     test::PrintedBy([&] {
         for (std::size_t i = 0; i < sound.size(); ++i) {
-            for (const std::uint8_t wrong : {0x7F, 0xFF}) {
-                Bytes bytes = sound;
-                bytes[i] = wrong;
-                UseModel(file, bytes);
-            }
+            Bytes bytes = sound;
+            bytes[i] = 0xFF;
+            UseModel(file, bytes);
         }
     });
 }
 
-TEST(DamagedModel, ReadsAsZeroWhereTheFileHasEnded) {
+TEST_F(DamagedModel, ReadsAsZeroWhereTheFileHasEnded) {
     Md2File whole = Sound();
     whole.commands.clear();
     Bytes bytes = whole.Bytes();
@@ -153,7 +160,7 @@ TEST(DamagedModel, ReadsAsZeroWhereTheFileHasEnded) {
     EXPECT_EQ(cut.vertices[3].normalIndex, 0);
 }
 
-TEST(DamagedModel, ReadsEntryZeroWhereAnIndexPointsOutside) {
+TEST_F(DamagedModel, ReadsEntryZeroWhereAnIndexPointsOutside) {
     Md2File file = Sound();
     file.triangles = {{{4, 65535, 2}, {4, 65535, 1}}};
     file.frames[0].vertices[3].normalIndex = 162;
@@ -165,7 +172,7 @@ TEST(DamagedModel, ReadsEntryZeroWhereAnIndexPointsOutside) {
     EXPECT_EQ(model->GetFrames()[0].vertices[2].normalIndex, 0);
 }
 
-TEST(DamagedModel, WithoutAnyFrameIsOnePointAtTheOrigin) {
+TEST_F(DamagedModel, WithoutAnyFrameIsOnePointAtTheOrigin) {
     Md2File file = Sound();
     file.frames.clear();
     const auto model = test::LoadModel(file);
@@ -174,7 +181,7 @@ TEST(DamagedModel, WithoutAnyFrameIsOnePointAtTheOrigin) {
     EXPECT_THAT(instance->GetVertexArray(), ::testing::Each(0.0f));
 }
 
-TEST(DamagedModel, WithoutAnyTriangleDrawsNothing) {
+TEST_F(DamagedModel, WithoutAnyTriangleDrawsNothing) {
     Md2File file = Sound();
     file.triangles.clear();
     const auto model = test::LoadModel(file);
