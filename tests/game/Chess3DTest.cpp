@@ -98,9 +98,10 @@ public:
 
 TEST_F(Chess3DTest, BeepsForAFigureWithoutAVoice) {
     Start();
-    MD2_Instance* const instance = engine.GetModels()->CreateInstance(
-        game->figureAssets[0].modelPath, game->figureAssets[0].diffusePath, "", 0.27f);
-    MuteFigure figure(0, 1, engine, instance);
+    const FigureAsset& pawn = game->figureAssets[0];
+    const std::unique_ptr<MD2_Instance> instance(
+        engine.GetModels()->CreateInstance(pawn.modelPath, pawn.diffusePath, pawn.normalPath, pawn.scale));
+    MuteFigure figure(0, 1, engine, instance.get());
     game->SetFigure3D(0, 1, &figure);
 
     Click("a2");
@@ -421,6 +422,17 @@ TEST_F(Chess3DTest, TellsACheckUntilItIsAnswered) {
     }
 }
 
+TEST_F(Chess3DTest, LetsFiguresAndFieldsAloneBePicked) {
+    Start("4k3/8/8/8/8/8/8/R3K3");
+    game->promotionPrompt->SetVisible(true);
+    for (DrawAble* const drawable : std::initializer_list<DrawAble*>{
+             game->leftScoreBoard.get(), game->rightScoreBoard.get(), game->promotionPrompt.get(),
+             engine.GetRenderer().GetSceneList()[0]})
+        EXPECT_EQ(PickableParts(*drawable), 0);
+    EXPECT_EQ(PickableParts(*game->selectionGrid), 64);
+    EXPECT_EQ(PickableParts(*FigureAt("a1")), 1);
+}
+
 // What a score board shows, seen from the front.
 Picture Screen(ScoreBoard& board) {
     constexpr Vertex front{-27.0f, 5.0f, 30.0f};
@@ -442,21 +454,30 @@ Picture Screen(ScoreBoard& board) {
     return ReadPicture();
 }
 
-int RedPixels(const Picture& picture) {
-    int count = 0;
-    for (int y = picture.height * 2 / 5; y < picture.height * 3 / 4; ++y)
-        for (int x = picture.width * 3 / 10; x < picture.width * 7 / 10; ++x)
-            count += picture.Red(x, y) > 100 && picture.Green(x, y) < 100;
-    return count;
+// Where the first column of new red lies, in the units of the screen's texts, which are 256 to its width; -1
+// where there is none. The flames burn below the picture.
+int NewRedAt(const Picture& before, const Picture& after) {
+    for (int x = 0; x < after.width; ++x)
+        for (int y = 0; y < after.height; ++y)
+            if (after.Red(x, y) - before.Red(x, y) > 60)
+                return x * 256 / after.width;
+    return -1;
 }
 
 TEST_F(Chess3DTest, RendersTheScreensAnew) {
     Start("4k3/8/8/8/8/8/8/R3K3");
-    EXPECT_EQ(RedPixels(Screen(*game->leftScoreBoard)), 0);
+    const Picture calm = Screen(*game->leftScoreBoard);
     Play("a1", "a8");
-    EXPECT_GT(RedPixels(Screen(*game->leftScoreBoard)), 500);
+    EXPECT_NEAR(NewRedAt(calm, Screen(*game->leftScoreBoard)), 60, 3);
     Play("e8", "e7");
-    EXPECT_EQ(RedPixels(Screen(*game->leftScoreBoard)), 0);
+    EXPECT_EQ(NewRedAt(calm, Screen(*game->leftScoreBoard)), -1);
+}
+
+TEST_F(Chess3DTest, RendersAMateFurtherToTheLeft) {
+    Start("7k/6pp/8/8/8/8/8/R3K3");
+    const Picture calm = Screen(*game->leftScoreBoard);
+    Play("a1", "a8");
+    EXPECT_NEAR(NewRedAt(calm, Screen(*game->leftScoreBoard)), 25, 3);
 }
 
 TEST_F(Chess3DTest, EndsWithTheMatedKing) {

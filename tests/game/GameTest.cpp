@@ -215,7 +215,7 @@ bool GameTest::InScene(const DrawAble* drawable) {
     return std::ranges::count(engine.GetRenderer().GetSceneList(), drawable) > 0;
 }
 
-bool GameTest::GridCanBePicked() {
+int GameTest::PickableParts(DrawAble& drawable) {
     std::array<GLuint, 1024> buffer{};
     glSelectBuffer(static_cast<GLsizei>(buffer.size()), buffer.data());
     glRenderMode(GL_SELECT);
@@ -223,17 +223,17 @@ bool GameTest::GridCanBePicked() {
     glMatrixMode(GL_PROJECTION);
     glPushMatrix();
     glLoadIdentity();
-    glOrtho(-20.0, 20.0, -20.0, 20.0, -20.0, 20.0);
+    glOrtho(-40.0, 40.0, -40.0, 40.0, -40.0, 40.0);
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
     glLoadIdentity();
     glRotatef(45.0f, 1.0f, 0.0f, 0.0f);
-    game->selectionGrid->Draw(renderImmediate, false, true, false, nullptr, nullptr);
+    drawable.Draw(renderImmediate, false, true, false, &eye, &eye);
     glPopMatrix();
     glMatrixMode(GL_PROJECTION);
     glPopMatrix();
     glMatrixMode(GL_MODELVIEW);
-    return glRenderMode(GL_RENDER) == 64;
+    return glRenderMode(GL_RENDER);
 }
 
 bool GameTest::CursorShows() {
@@ -243,7 +243,7 @@ bool GameTest::CursorShows() {
 std::string GameTest::Picking() {
     EXPECT_EQ(CursorShows(), engine.GetInput().IsMouseEnabled());
     return std::string(engine.GetInput().IsMouseEnabled() ? "mouse on" : "mouse off") +
-           (GridCanBePicked() ? ", grid visible" : ", grid hidden");
+           (PickableParts(*game->selectionGrid) == 64 ? ", grid visible" : ", grid hidden");
 }
 
 std::string GameTest::CheckText() {

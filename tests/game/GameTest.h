@@ -85,7 +85,8 @@ protected:
     std::string Marked(int highlight);
     bool AnyoneBusy();  // a mated king, who never comes to rest, does not count
     bool InScene(const DrawAble* drawable);
-    bool GridCanBePicked();
+    // How many names a drawable leaves in GL's selection mode, seen obliquely from above.
+    static int PickableParts(DrawAble& drawable);
     bool CursorShows();
     // "mouse on, grid visible", or off and hidden.
     std::string Picking();

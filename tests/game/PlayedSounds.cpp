@@ -3,6 +3,7 @@
 #include <SDL_mixer.h>
 #include <dlfcn.h>
 
+#include <map>
 #include <ostream>
 
 #include "assets/SoundManager.h"
@@ -40,6 +41,16 @@ extern "C" int Mix_Volume(int channel, int volume) {
     if (!calls.empty() && calls.back().channel == channel)
         calls.back().volume = volume;
     return set(channel, volume);
+}
+
+// Each test sets a game up and starts the music; it is read once.
+extern "C" Mix_Music* Mix_LoadMUS(const char* path) {
+    static auto* const load = Original<decltype(Mix_LoadMUS)>("Mix_LoadMUS");
+    static std::map<std::string, Mix_Music*> loaded;
+    Mix_Music*& music = loaded[path];
+    if (music == nullptr)
+        music = load(path);
+    return music;
 }
 
 namespace tolvane::test {
