@@ -6,11 +6,17 @@
 #include <set>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 #include <typeindex>
 #include <vector>
 
+#include "assets/InvalidParameterException.h"
 #include "rules/BoardGeometry.h"
 #include "rules/FigureOn.h"
+#include "rules/InvalidMoveException.h"
+#include "rules/InvalidMoveTypeException.h"
+#include "rules/King.h"
+#include "rules/KingIsCheckException.h"
 #include "rules/Rook.h"
 #include "rules/WrongPlayerException.h"
 

@@ -2,18 +2,15 @@
 
 #include <memory>
 #include <string>
-#include <typeinfo>
+#include <utility>
 
-#include "assets/InvalidParameterException.h"
+#include "assets/Exception.h"
 #include "rules/ChessBoard.h"
 #include "rules/ChessFigure.h"
 #include "rules/ChessGame.h"
 #include "rules/Coordinate.h"
 #include "rules/CoordinateList.h"
 #include "rules/FigureList.h"
-#include "rules/InvalidMoveException.h"
-#include "rules/InvalidMoveTypeException.h"
-#include "rules/KingIsCheckException.h"
 
 // Positions as pictures, fields by their chess names, so that a test reads like a chess book and a failure
 // shows a board.
