@@ -1,5 +1,6 @@
 #include "frame/Renderer3D.h"
 
+#include <SDL.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -17,7 +17,7 @@ void ExpectEye(View3D& view, float x, float y, float z, float tolerance = 1e-3f)
     EXPECT_NEAR(eye.z, z, tolerance);
 }
 
-void Run(View3D& view, float seconds) {
+void Hold(View3D& view, float seconds) {
     for (int i = 0; i < static_cast<int>(seconds / frame); ++i)
         view.Update(frame);
 }
@@ -55,7 +55,7 @@ TEST(View3D, BothKeysOfAPairCancelOut) {
     View3D view;
     view.SetMoveZMinus(-1);
     view.SetMoveZPlus(1);
-    Run(view, 1.0f);
+    Hold(view, 1.0f);
     ExpectEye(view, 0.0f, 0.0f, 30.0f);
 
     view.SetMoveZPlus(0);
@@ -84,7 +84,7 @@ TEST(View3D, StaysLevelWhenAPitchWouldPassZero) {
     view.Pitch(0.5f);
     ExpectEye(view, 0.0f, 1.0f, 30.0f);
     view.SetPitchPlus(1);
-    Run(view, 1.0f);
+    Hold(view, 1.0f);
     ExpectEye(view, 0.0f, 1.0f, 30.0f);
 }
 
@@ -120,7 +120,7 @@ TEST(View3D, TheCentreStopsAboveTheFloorAndComesBackUp) {
     View3D view;
     view.MoveY(1.0f);
     view.SetMoveYMinus(-1);
-    Run(view, 2.0f);
+    Hold(view, 2.0f);
     const float lowest = view.GetPosition()->y;
     EXPECT_GE(lowest, 0.2f);
     EXPECT_LT(lowest, 0.2f + 4.5f * frame + 1e-4f);
@@ -142,7 +142,7 @@ TEST(View3D, AStepThatLeadsUpIsTakenFromBelowTheFloorToo) {
 TEST(View3D, ZoomStopsAtFortyAndComesNearerAtOnce) {
     View3D view;
     view.SetZoomPlus(1);
-    Run(view, 3.0f);
+    Hold(view, 3.0f);
     const float farthest = view.GetPosition()->z;
     EXPECT_GE(farthest, 40.0f);
     EXPECT_LT(farthest, 40.0f + 15.0f * frame + 1e-3f);
@@ -156,7 +156,7 @@ TEST(View3D, ZoomStopsAtFortyAndComesNearerAtOnce) {
 TEST(View3D, ZoomStopsHalfAUnitAway) {
     View3D view;
     view.SetZoomMinus(-1);
-    Run(view, 4.0f);
+    Hold(view, 4.0f);
     const float nearest = view.GetPosition()->z;
     EXPECT_LE(nearest, 0.5f);
     EXPECT_GT(nearest, 0.5f - 15.0f * frame - 1e-3f);

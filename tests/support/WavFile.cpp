@@ -14,7 +14,8 @@ constexpr std::uint32_t bytesPerSample = 2;
 constexpr double loudness = 16000.0;
 
 void Append(std::vector<std::uint8_t>& bytes, std::string_view text) {
-    bytes.insert(bytes.end(), text.begin(), text.end());
+    for (const char letter : text)
+        bytes.push_back(static_cast<std::uint8_t>(letter));
 }
 
 void Append(std::vector<std::uint8_t>& bytes, std::uint32_t number, int size) {
