@@ -82,6 +82,11 @@ Coordinate PlaceOf(const Element3D& element) {
     return {static_cast<int>(element.GetColumn()), static_cast<int>(element.GetRow())};
 }
 
+std::size_t EntryOf(int column, int row) {
+    const int entry = column + row * 8;
+    return static_cast<std::size_t>(entry);
+}
+
 bool SamePlace(const Coordinate& a, const Coordinate& b) {
     return a.GetX() == b.GetX() && a.GetY() == b.GetY();
 }
@@ -95,11 +100,11 @@ ChessFigure3D* Chess3D::GetFigure3D(int column, int row) {
         std::cout << "pos_X = " << column << ", " << row << '\n';
         throw InvalidParameterException("Coordinate(s) are out of bound!");
     }
-    return figures.at(static_cast<std::size_t>(column + row * 8));
+    return figures.at(EntryOf(column, row));
 }
 
 void Chess3D::SetFigure3D(int column, int row, ChessFigure3D* figure) {
-    figures[static_cast<std::size_t>(column + row * 8)] = figure;
+    figures[EntryOf(column, row)] = figure;
 }
 
 ChessFigure3D* Chess3D::FigureOn(const Coordinate& field) {

@@ -78,6 +78,7 @@ public:
     void PlayNextDemoMove();
 
 protected:
+    // The state of the game, for a derived class to look on.
     Engine3D* engine = nullptr;  // not owned
     ChessGame chessGame;
     float boardOriginX = -12.25f;         // world units, the centre of column 0

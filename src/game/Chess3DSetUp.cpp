@@ -93,7 +93,7 @@ constexpr std::array figureRows{
              .normal = "models/chess3D/king/normal.tga",
              .scale = 0.48f},
 };
-static_assert(figureRows.size() == 2 * figureKinds);
+static_assert(figureRows.size() == 12);
 
 constexpr AssetRow boardRow{.model = "models/chess3D/chessboard/chessboard.md2",
                             .diffuse = "models/chess3D/chessboard/chessboard.tga",

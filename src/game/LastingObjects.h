@@ -5,10 +5,9 @@
 
 namespace tolvane {
 
-// Figures, models and effects are shown by a frame loop that ends before the game does, and their last breath
-// would need the stores and the GL context that go with it. So they live to the end of the process, where the
-// system takes everything back at once. They are kept on a list, which says that this is meant: a leak
-// checker finds them reachable.
+// The frame, with its stores and the GL context, ends before the game does, and deleting figures, models and
+// effects would need them. So these live to the end of the process, where the system takes everything back at
+// once. They are kept on a list, which says that this is meant: a leak checker finds them reachable.
 void KeepToProcessEnd(const void* object);
 
 // Makes an object that is never deleted.
