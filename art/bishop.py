@@ -35,8 +35,8 @@ def head(figure):
     shape = lathe([(0.16, 2.0), (0.29, 2.09), (0.335, 2.25), (0.32, 2.38), (0.25, 2.53), (0.14, 2.66), (0.05, 2.74), (0, 2.745)],
                   12, start=15)
     up = rotation(z=TILT) @ (0, 1, 0)
-    figure.part("face", shape.clip(SLIT - up * GAP / 2, up, cap="metal"), "head", bevel=0.012, smooth=45, density=1.2)
-    figure.part("mitre", shape.clip(SLIT + up * GAP / 2, -up, cap="metal"), "cap", bevel=0.012, smooth=45, density=1.2)
+    figure.part("face", shape.clip(SLIT - up * GAP / 2, up, cap="light"), "head", bevel=0.012, smooth=45, density=1.2)
+    figure.part("mitre", shape.clip(SLIT + up * GAP / 2, -up, cap="light"), "cap", bevel=0.012, smooth=45, density=1.2)
     figure.part("core", lathe([(0.20, 2.18), (0.235, 2.36), (0.12, 2.56)], 8, close=False), "head", material="light", bevel=0)
     figure.part("finial", ball(0.062, 7, 4).move(0, 2.768, 0), "cap", material="metal", bevel=0, smooth=60)
     circlet = lathe([(0.27, 2.04), (0.325, 2.085), (0.345, 2.15), (0.30, 2.16)], 12, start=15, close=False)
@@ -189,7 +189,7 @@ def decorate(paint, army):
     plates = paint.material("plate", "trim")
     paint.lines(paint.inset(0.035, 0.010) * paint.part("gun", "shin", "foot", "pack", "pectoral") * plates)
     robe = paint.part("robe") * paint.material("plate")
-    paint.lay(paint.inset(0.030) * robe, "metal", 0.95)
+    paint.lay((1 - paint.inset(0.030)) * robe, "metal", 0.95)
     paint.lines(paint.inset(0.042, 0.010) * robe)
     mantle = paint.part("mantle") * paint.material("plate")
     angle = np.degrees(np.arctan2(paint.pos[:, :, 0], paint.pos[:, :, 2] / 0.82))
@@ -219,7 +219,7 @@ def decorate(paint, army):
         mark(0.17, (0, 1.62, -0.37), front, "stripe", ("pectoral",))
         paint.lay(paint.band("y", 1.665, 0.0) * mantle, "stripe")
         paint.text("VII", (0, 1.72, 0.46), back, up, 0.06, parts=("pack",), depth=0.3)
-        paint.lay(paint.part("lappet") * paint.facing(z=1) * (1 - paint.inset(0.014)), "stripe", 0.9)
+        paint.lay(paint.part("lappet") * paint.facing(z=1) * paint.inset(0.014), "stripe", 0.9)
     else:
         for k in range(3):
             y = 0.62 + 0.13 * k
@@ -228,10 +228,10 @@ def decorate(paint, army):
                               "mark", 0.85, 0.3, parts)
         mark(0.17, (0, 1.62, -0.37), front, "mark", ("pectoral",))
         paint.text("B-2", (0, 1.72, 0.46), back, up, 0.065, parts=("pack",), depth=0.3)
-        paint.lay(paint.part("lappet") * paint.facing(z=1) * (1 - paint.inset(0.014)), "trim", 0.9)
+        paint.lay(paint.part("lappet") * paint.facing(z=1) * paint.inset(0.014), "trim", 0.9)
         paint.hazard(paint.part("gun") * paint.above("z", -0.07) * (1 - paint.above("z", 0.0)), (0.5, 0.5, 0.7), 0.06)
     for side in (1, -1):
-        paint.text("7" if white else "2B", (side * 0.69, 2.0, 0.19), (0, 0, -side), up, 0.10, parts=("gun",), depth=0.3)
+        paint.text("V" if white else "808", (side * 0.69, 2.0, 0.19), (0, 0, -side), up, 0.10, parts=("gun",), depth=0.3)
     paint.lamps(paint.near((0, 1.31, -0.34), 0.045) * paint.part("buckle"))
     paint.rivets([(0.475 * np.sin(a) * 1.05, 1.70, 0.475 * np.cos(a) * 0.86) for a in np.radians(np.arange(0, 360, 30))], 0.015,
                  mantle)

@@ -82,7 +82,7 @@ def tower(figure):
     under = lathe([(0, 1.62), (0.55, 1.62)], 12, start=15, close=False).material("dark")
     figure.part("crown", crown + under, "crown", bevel=0.015, smooth=33)
     figure.part("beacon", lathe([(0.26, 1.96), (0.24, 2.06), (0.15, 2.10), (0.13, 2.22), (0, 2.28)], 8, close=False,
-                                bands=["metal", "metal", "light", "light"]), "beacon", bevel=0.0)
+                                bands=["trim", "trim", "light", "light"]), "beacon", bevel=0.0)
     merlon = box(0.375, 0.40, 0.19, top=(0.93, 0.86)).drop(lambda c, n: n[1] < -0.9).move(0, 2.30, 0.625)
     for i in range(6):
         figure.part(f"merlon{i}", merlon.rotate(y=30 + 60 * i), f"merlon{i}", bevel=0.02, like="merlon0" if i else None,
@@ -253,14 +253,14 @@ def decorate(paint, army):
         paint.text("R1", (-0.2, 0.72, -0.7), (-1, 0, 0), up, 0.075, depth=0.3, parts=("shield",))
         paint.outline([(-0.30, -0.03), (0.22, -0.03), (0.22, 0.03), (-0.30, 0.03)], (1.4, 0.80, 0.14), (0, 0, -1), up,
                       "stripe", 0.9, 0.3, ("sponson",))
-        paint.text("XII", (1.4, 0.95, 0.30), (0, 0, -1), up, 0.085, depth=0.3, parts=("sponson",))
+        paint.text("XX", (1.4, 0.965, 0.24), (0, 0, -1), up, 0.085, depth=0.3, parts=("sponson",))
         paint.outline(castle(0.15), (0, 0.98, 0.8), (1, 0, 0), up, "stripe", 0.9, 0.3, ("engine",))
     else:
         for dy in (-0.20, -0.10, 0.20):
             paint.outline([(-0.40, dy - 0.10), (0, dy), (0.40, dy - 0.10), (0.40, dy - 0.05), (0, dy + 0.05), (-0.40, dy - 0.05)],
                           face, (-1, 0, 0), up, "mark", 0.85, 0.3, ("shield",))
         paint.outline(castle(0.22), face, (-1, 0, 0), up, "dark", 0.9, 0.3, ("shield",))
-        paint.text("04-R", (1.4, 0.95, 0.26), (0, 0, -1), up, 0.10, depth=0.3, parts=("sponson",))
+        paint.text("0-0", (1.4, 0.965, 0.24), (0, 0, -1), up, 0.10, depth=0.3, parts=("sponson",))
         paint.hazard(paint.part("sponson") * paint.above("z", -0.24) * (1 - paint.above("z", -0.12)), (0, 0.7, 0.7), 0.07)
         paint.text("04", (0, 0.98, 0.8), (1, 0, 0), up, 0.11, depth=0.3, parts=("engine",))
     paint.hazard(paint.part("hull") * paint.facing(z=-1, least=0.5) * (1 - paint.above("y", 0.33)), (0.7, 0.7, 0), 0.12,

@@ -23,7 +23,8 @@ triangles reach the game, and a detailed twin (sharp edges rounded by `bevel`, p
 that only the pictures see. Bakes are kept in art/work under a hash of the geometry, so work on paint and motion costs
 seconds. The folder of the results is data/, or TOLVANE_DATA.
 
-    mesh.py     parts: box, prism, plate, lathe, cylinder, ball, tube, curve, piston, rivets, vent, lamp, ring_of
+    mesh.py     parts: box, prism, plate, lathe, cylinder, ball, tube, curve, loft, piston, rivets, vent, lamp,
+                 ring_of
     figure.py   Figure: part, pair, clip, bake, write
     anim.py     Rig, Pose (turn, move, plant), keys, wave, kick, stride, easing
     bake.py     unwrapping and baking (Blender)
@@ -35,6 +36,6 @@ seconds. The folder of the results is data/, or TOLVANE_DATA.
 from .anim import (FRAMES_A_SECOND, Rig, ease_in, ease_out, keys, kick, linear, overshoot, smooth, stride, wave)
 from .figure import Figure
 from .files import Md2, read_tga, write_md2, write_png, write_tga
-from .mesh import (Mesh, ball, box, chamfered, curve, cylinder, join, lathe, lamp, oval, piston, plate, prism, ring_of,
-                   rivets, rotation, row, shrink_outline, tube, vent)
+from .mesh import (Mesh, ball, box, chamfered, curve, cylinder, join, lathe, lamp, loft, oval, piston, plate, prism, ring_of,
+                   rivets, rotation, row, section, shrink_outline, tube, vent)
 from .paint import ARMIES, BLACK, WHITE, Paint, fractal, noise, smoothstep, spread, write_pictures

@@ -141,6 +141,23 @@ class Pose:
         self.thrown[bone] = (np.array((x, y, z), dtype=float), rotation(*turn))
         return self
 
+    def fling(self, bone, start, frame, velocity, spin, rest=0.1, fall=0.15):
+        """A piece that is blown off at frame 0 out of the pose whose matrices are `start`: it flies (units a frame,
+        degrees a frame about x, y, z), falls faster by `fall` a frame, and slides to rest with its pivot at `rest`."""
+        self._known(bone)
+        pivot, velocity, spin = self.rig.pivots[bone], np.asarray(velocity, float), np.asarray(spin, float)
+        origin = start[bone][:3, :3] @ pivot + start[bone][:3, 3]
+        drop = max(0.0, origin[1] - rest)
+        landing = (velocity[1] + math.sqrt(velocity[1] ** 2 + 2 * fall * drop)) / fall
+        after = max(0.0, frame - landing)
+        flown, slid = min(frame, landing), 2.0 * (1 - math.exp(-after / 2.0))
+        place = origin + velocity * flown
+        place[1] = max(min(rest, origin[1]), origin[1] + velocity[1] * flown - fall * flown ** 2 / 2)
+        place[1] += 0.10 * math.sin(math.pi * min(1.0, after / 3.0))
+        place[[0, 2]] += velocity[[0, 2]] * 0.35 * slid
+        self.thrown[bone] = (place - pivot, rotation(*(spin * (flown + 0.4 * slid))) @ start[bone][:3, :3])
+        return self
+
     def loose(self):
         """For each bone the thrown piece that carries it, or None."""
         result = {}

@@ -284,6 +284,34 @@ def tube(path, r, n=6, caps=True):
     return Mesh(v, f)
 
 
+def section(outline, at, along, up=(0, 1, 0)):
+    """An outline of (u, v) points, counter-clockwise, set in space across the direction `along`: v goes with `up`."""
+    along = np.asarray(along, dtype=float) / np.linalg.norm(along)
+    v = np.asarray(up, dtype=float) - along * np.dot(up, along)
+    v /= np.linalg.norm(v)
+    u = np.cross(v, along)
+    return np.array([np.asarray(at, dtype=float) + u * a + v * b for a, b in outline])
+
+
+def loft(sections, caps=(True, True), bands=None):
+    """A skin through sections of equally many points, the first closed by caps[0], the last by caps[1]: necks,
+    heads, hulls. `bands` names a material for each span."""
+    n = len(sections[0])
+    f, m = [], []
+    for level in range(len(sections) - 1):
+        for k in range(n):
+            j = (k + 1) % n
+            f.append([level * n + k, level * n + j, (level + 1) * n + j, (level + 1) * n + k])
+            m.append(bands[level] if bands else None)
+    if caps[0]:
+        f.append(list(range(n))[::-1])
+        m.append(bands[0] if bands else None)
+    if caps[1]:
+        f.append([(len(sections) - 1) * n + k for k in range(n)])
+        m.append(bands[-1] if bands else None)
+    return Mesh(np.concatenate(sections), f, m)
+
+
 def curve(points, steps=4):
     """A smooth path through the points (Catmull-Rom), `steps` pieces for each span: cables hang on it."""
     p = np.asarray(points, dtype=float)

@@ -141,7 +141,7 @@ class Paint:
         return self.soft(np.abs(np.linalg.norm(self.pos - point, axis=2) - radius), width / 2)
 
     def inset(self, at, width=0.0):
-        """A line on each polygon at a distance from its sharp edges; without a width all that lies within."""
+        """A line on each polygon at a distance from its sharp edges; without a width all that is farther from them."""
         return self.soft(np.abs(self.rim - at), width / 2) if width else self.soft(at - self.rim, 0.0)
 
     def facing(self, x=0.0, y=0.0, z=0.0, least=0.5):
@@ -302,10 +302,14 @@ class Paint:
             away = here - p
             square = (away * away).sum(axis=1)
             close = square < (4 * reach) ** 2
-            front = np.clip((away[close] @ n) + 0.04, 0, None) / (np.sqrt(square[close]) + 0.04)
-            total[close] += front * np.exp(-square[close] / reach ** 2)
-        light[self.inside] = 1 - np.exp(-total * weight / reach ** 2 * 3.0)
-        self.color += (light * (1 - glass) * 0.75)[:, :, None] * self.tone("light") * (0.25 + 0.75 * self.color)
+            distance = np.sqrt(square[close]) + 0.04
+            front = np.clip((away[close] @ n) + 0.04, 0, None) / distance
+            turned = np.clip(0.25 - (away[close] * facing[close]).sum(axis=1) / distance, 0, 1)
+            total[close] += front * turned * np.exp(-square[close] / reach ** 2)
+        light[self.inside] = 1 - np.exp(-total * weight / reach ** 2 * 9.0)
+        cover = (light * (1 - glass) * 0.7)[:, :, None]
+        grey = self.color.mean(axis=2, keepdims=True)
+        self.color = self.color * (1 - 0.6 * cover) + cover * self.tone("light") * (0.30 + 0.70 * grey)
 
     def normal_picture(self, strength=1.0):
         """The twin's baked normals with the relief of lines and rivets on top, 0 to 1."""
