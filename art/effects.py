@@ -57,20 +57,19 @@ def picture(light, tint):
 
 
 def flame():
-    """A puff of fire: curled tongues that lick upwards, hollow places between them."""
+    """A puff of a thruster's fire: tongues that lick downwards out of a soft round body, hollow places between them."""
     rng = np.random.default_rng(SEED)
-    x, y, _, _ = plane(128)
-    bend_x = billows(rng, x, y, 3, 3) - 0.5
-    bend_y = billows(rng, x, y, 3, 3) - 0.5
-    fx, fy = x + 0.75 * bend_x, y + 0.75 * bend_y
-    # Narrower towards the tip, with its weight below the middle.
-    width = 0.92 - 0.30 * np.clip(y, -1, 1)
-    body = np.hypot(x / width, (y + 0.06) / 0.96)
-    licks = billows(rng, np.clip(fx * 1.0, -1, 1), np.clip(fy * 0.55, -1, 1), 5, 4)
-    crests = 1 - np.abs(2 * licks - 1)
-    core = np.exp(-((np.hypot(x * 1.25, y + 0.20) / 0.46) ** 2))
-    light = fade(body, 0.05) * (0.10 + 0.80 * crests**4 + 0.08 * licks) * 0.80 + 0.16 * core * fade(body, 0.3)
-    return picture(light * fade(np.hypot(x, y), 0.55) * 0.56, (1.0, 0.88, 0.74))
+    x, y, r, _ = plane(128)
+    y = -y
+    sway = billows(rng, x, y, 2, 3) - 0.5
+    licks = billows(rng, np.clip(1.1 * x + 0.5 * sway, -1, 1), np.clip(0.42 * y + 0.3 * sway, -1, 1), 6, 4)
+    tongues = np.clip((licks - 0.30) * 2.4, 0, 1) ** 1.6
+    # Narrower towards the tip, its weight above the middle, its lower edge ragged.
+    width = 0.86 - 0.34 * np.clip(y, -0.6, 1)
+    ragged = np.hypot(x / width, (y + 0.10) / (0.72 + 0.42 * licks))
+    core = np.exp(-((np.hypot(x * 1.2, y + 0.22) / 0.40) ** 2))
+    light = fade(ragged, 0.05) * (0.10 + 0.46 * tongues + 0.16 * core)
+    return picture(light * fade(r, 0.6), (1.0, 0.88, 0.74))
 
 
 def spark():
