@@ -1,7 +1,30 @@
 """The game's own voice: the two beeps, three refusals, check and checkmate, spoken by the arbiter of the arena."""
 
-from kit import (RATE, Track, above, band, bell_tone, boost, click, decay, dice, drive, filtered, finish, glide,
-                 level, line, metal, pulse, room, saw, shelf, sine, swell, thump)
+from kit import (
+    RATE,
+    Track,
+    above,
+    band,
+    bell_tone,
+    boost,
+    click,
+    decay,
+    dice,
+    drive,
+    filtered,
+    finish,
+    glide,
+    level,
+    line,
+    metal,
+    pulse,
+    room,
+    saw,
+    shelf,
+    sine,
+    swell,
+    thump,
+)
 from voice import breathy, clear, evened, spoken, vocoded
 
 
@@ -97,7 +120,13 @@ def mate():
     track.add(drive(thump(0.9, 200, 58, 0.12), 1.8), 0.45, 0.95)
     track.add(level(metal(0.9, 110, 1800, 14, 0.15, rng)), 0.22, 0.95)
     out = filtered(track.out, shelf(150, -5))
-    finish("checkMate0", room(out, 1.4, 0.14, rng, bright=3800, early=0.03, tail=0.0), louder=1, ceiling=-3.5, fade_out=0.35)
+    finish(
+        "checkMate0",
+        room(out, 1.4, 0.14, rng, bright=3800, early=0.03, tail=0.0),
+        louder=1,
+        ceiling=-3.5,
+        fade_out=0.35,
+    )
 
 
 if __name__ == "__main__":

@@ -18,8 +18,8 @@ def hertz(note):
 def _table(count, fall):
     """One round of a wave of count harmonics, each weaker by its number to the power of fall."""
     turn = 2 * np.pi * np.arange(TABLE + 1) / TABLE
-    wave = sum(np.sin(h * turn + 0.7 * h * h) / h ** fall for h in range(1, count + 1))
-    return wave / np.sqrt(np.mean(wave ** 2))
+    wave = sum(np.sin(h * turn + 0.7 * h * h) / h**fall for h in range(1, count + 1))
+    return wave / np.sqrt(np.mean(wave**2))
 
 
 def _wave(pitch, seconds, count, fall, start):
@@ -87,7 +87,7 @@ def _plucked(note, bright):
     out = np.zeros(len(t))
     for h in range(1, int(min(16, 8000 / pitch)) + 1):
         stretch = pitch * h * np.sqrt(1 + 0.0003 * h * h)
-        out += np.sin(2 * np.pi * stretch * t + h) / h ** (1.7 - 0.5 * bright) * 0.5 ** (t / (0.16 / h ** 0.7))
+        out += np.sin(2 * np.pi * stretch * t + h) / h ** (1.7 - 0.5 * bright) * 0.5 ** (t / (0.16 / h**0.7))
     return out * np.minimum(1, t / 0.002) * np.clip((seconds - t) / 0.1, 0, 1)
 
 
@@ -105,7 +105,9 @@ def flute(note, seconds, before=None):
     pitch = pitch * (1 + 0.0045 * sine(5.1, total) * np.clip((t - 0.35) / 0.6, 0, 1))
     phase = np.cumsum(pitch) / RATE
     bloom = 0.35 + 0.65 * np.clip(t / 0.5, 0, 1)
-    tone = np.sin(2 * np.pi * phase + 0.55 * bloom * np.sin(2 * np.pi * phase)) + 0.18 * bloom * np.sin(4 * np.pi * phase)
+    tone = np.sin(2 * np.pi * phase + 0.55 * bloom * np.sin(2 * np.pi * phase)) + 0.18 * bloom * np.sin(
+        4 * np.pi * phase
+    )
     tone += 0.06 * np.sin(2 * np.pi * 3 * phase)
     shadow = np.sin(2 * np.pi * phase * 1.0032 + 1.0)
     fade = 0.75 + 0.25 * decay(total, 0.8, 0.001)
@@ -137,7 +139,9 @@ def heart(strength=1.0):
 def tick(rng, pitch, side):
     """The chess clock: a small wooden tooth."""
     t = clock(0.12)
-    wood = np.sin(2 * np.pi * pitch * t) * 0.5 ** (t / 0.008) + 0.5 * np.sin(2 * np.pi * pitch * 1.73 * t) * 0.5 ** (t / 0.005)
+    wood = np.sin(2 * np.pi * pitch * t) * 0.5 ** (t / 0.008) + 0.5 * np.sin(2 * np.pi * pitch * 1.73 * t) * 0.5 ** (
+        t / 0.005
+    )
     grain = filtered(noise(0.12, rng), band(2500, 9000, 1)) * 0.5 ** (t / 0.004) * 0.25
     return pan((wood + grain) * np.minimum(1, t / 0.0008), side)
 

@@ -2,9 +2,40 @@
 
 import numpy as np
 
-from kit import (RATE, Track, above, band, below, boost, click, closed, crackle, decay, dice, drive, filtered,
-                 finish, glide, level, line, metal, moving_band, moving_low, noise, pan, pressed, pulse, room,
-                 rumble, saw, servo, shelf, sine, swell, thump)
+from kit import (
+    RATE,
+    Track,
+    above,
+    band,
+    below,
+    boost,
+    click,
+    closed,
+    crackle,
+    decay,
+    dice,
+    drive,
+    filtered,
+    finish,
+    glide,
+    level,
+    line,
+    metal,
+    moving_band,
+    moving_low,
+    noise,
+    pan,
+    pressed,
+    pulse,
+    room,
+    rumble,
+    saw,
+    servo,
+    shelf,
+    sine,
+    swell,
+    thump,
+)
 from voice import breathy, clear, evened, spoken, vocoded
 
 # Weight that a small speaker can tell: less of the deepest bass, more of what sounds with it.
@@ -29,11 +60,11 @@ def move():
     n = 2.0
     track = Track(n, circle=True)
     for k, size in enumerate((1.0, 0.92)):
-        start = k * 1.0 + 0.34
+        start = k * 1.0 - 0.615
         lift = glide(0.7, (0, 62), (0.25, 118), (0.5, 104), (0.7, 66)) * size
         hydraulic = filtered(saw(lift, 0.7) + 0.6 * pulse(lift * 2.01, 0.7, 0.2), band(110, 1500, 2), boost(520, 2, 8))
         track.add(level(hydraulic * swell(0.7, 0.12, 0.2)), 0.34, start)
-        whine = servo(0.6, lift[:int(0.6 * RATE)] * 5.2, rng, 2200) * swell(0.6, 0.15, 0.2)
+        whine = servo(0.6, lift[: int(0.6 * RATE)] * 5.2, rng, 2200) * swell(0.6, 0.15, 0.2)
         track.add(level(whine), 0.1, start + 0.04)
         vent = moving_band(noise(0.35, rng), glide(0.35, (0, 3200), (0.35, 1300)), 1.0) * decay(0.35, 0.07, 0.02)
         track.add(level(vent), 0.14, start + 0.74)
@@ -41,7 +72,7 @@ def move():
     reactor = sum(g * saw(closed(f, n), n) for f, g in ((55, 1), (55.5, 0.8), (82.5, 0.5), (110.5, 0.4)))
     track.add(level(filtered(reactor, band(60, 520, 2), circle=True)), 0.12)
     out = filtered(room(track.out, 0.6, 0.2, rng, bright=3500, early=0.02, circle=True), *SMALL, circle=True)
-    finish("kingMove", out, louder=-2, ceiling=-5, circle=True)
+    finish("kingMove", out, louder=-2, ceiling=-5, circle=True, freedom=0.006)
 
 
 def attack():
@@ -58,7 +89,9 @@ def attack():
     track.add(level(arc * line(n, (0, 0), (0.08, 1), (0.25, 0.45), (0.6, 0))), 0.26)
     track.add(crackle(line(n, (0, 30), (0.1, 200), (0.4, 60), (n, 0)), rng), 0.3)
     out = drive(level(filtered(track.out, *SMALL)), 1.8)
-    finish("kingAttack", room(out, 0.7, 0.2, rng, bright=4500, early=0.03, tail=0.0), louder=2, ceiling=-3, fade_out=0.15)
+    finish(
+        "kingAttack", room(out, 0.7, 0.2, rng, bright=4500, early=0.03, tail=0.0), louder=2, ceiling=-3, fade_out=0.15
+    )
 
 
 def self_destruct():
@@ -70,11 +103,15 @@ def self_destruct():
     saws = beats % 1.0
     gate = filtered(np.where(saws < 0.62, 1.0, 0.12), below(90, 1))
     pitch = glide(n, (0, 392), (1.6, 440), (2.7, 587), (n, 932)) * np.where(np.floor(beats) % 2 == 0, 1.0, 1.335)
-    alarm = filtered(pulse(pitch, n, 0.35) + 0.6 * saw(pitch * 1.005, n), band(300, 4200, 1), boost(1300, 1.2, 6)) * gate
+    alarm = (
+        filtered(pulse(pitch, n, 0.35) + 0.6 * saw(pitch * 1.005, n), band(300, 4200, 1), boost(1300, 1.2, 6)) * gate
+    )
     rise = glide(n, (0, 70), (1.5, 140), (2.8, 520), (n, 1900))
     whine = moving_low(saw(rise, n) + saw(rise * 1.007, n) + 0.7 * saw(rise * 0.502, n), np.minimum(rise * 6, 9000))
     boil = rumble(n, rng, 60, 420) * line(n, (0, 0.06), (1.5, 0.35), (3.3, 1), (n, 1))
-    steam = moving_band(noise(n, rng), glide(n, (0, 900), (2.5, 2200), (n, 5200)), 1.0) * line(n, (0, 0), (1.2, 0.15), (3.3, 1), (n, 1), bend=1.6)
+    steam = moving_band(noise(n, rng), glide(n, (0, 900), (2.5, 2200), (n, 5200)), 1.0) * line(
+        n, (0, 0), (1.2, 0.15), (3.3, 1), (n, 1), bend=1.6
+    )
     mono = Track(n)
     mono.add(level(alarm), 0.5).add(level(whine * line(n, (0, 0.05), (1.4, 0.35), (3.2, 1), (n, 1))), 0.46)
     mono.add(boil, 0.5).add(level(steam), 0.36)
@@ -84,7 +121,13 @@ def self_destruct():
         mono.add(level(metal(0.5, 210, 3000, 16, 0.06, rng)), 0.32 * size, at)
     out = mono.out * line(n, (0, 0.62), (1.5, 0.75), (3.2, 1), (n, 1))
     out = pressed(filtered(out, shelf(160, -4)), 0.25)
-    finish("kingSelfDestructStart", room(drive(level(out), 1.5), 0.5, 0.14, rng, tail=0.0), louder=1, ceiling=-3.5, fade_out=0.03)
+    finish(
+        "kingSelfDestructStart",
+        room(drive(level(out), 1.5), 0.5, 0.14, rng, tail=0.0),
+        louder=1,
+        ceiling=-3.5,
+        fade_out=0.03,
+    )
 
 
 def explode():
@@ -98,9 +141,13 @@ def explode():
         track.add(pan(drive(thump(0.5, 600, 130, 0.06, 0.03), 2), side), 0.5 * gain, at)
     for side in (-0.9, 0.9):
         fire = moving_band(noise(n, rng), glide(n, (0, 2400), (0.2, 900), (0.45, 1300), (1.1, 380), (n, 140)), 0.6)
-        fire = drive(level(fire * line(n, (0, 0), (0.006, 1), (0.3, 0.6), (0.43, 0.85), (1.2, 0.28), (n, 0), bend=0.8)), 3.2)
+        fire = drive(
+            level(fire * line(n, (0, 0), (0.006, 1), (0.3, 0.6), (0.43, 0.85), (1.2, 0.28), (n, 0), bend=0.8)), 3.2
+        )
         track.add(pan(fire, side), 0.5)
-        track.add(pan(rumble(n, rng, 45, 300) * line(n, (0, 0), (0.05, 1), (0.9, 0.7), (2.2, 0.25), (n, 0)), side), 0.34)
+        track.add(
+            pan(rumble(n, rng, 45, 300) * line(n, (0, 0), (0.05, 1), (0.9, 0.7), (2.2, 0.25), (n, 0)), side), 0.34
+        )
         track.add(pan(crackle(line(n, (0, 40), (0.1, 320), (1.0, 120), (n, 10)), rng, 800, 6000), side), 0.26)
     for _ in range(34):
         at = 0.35 + 2.2 * rng.uniform(0, 1) ** 1.4

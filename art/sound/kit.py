@@ -36,6 +36,7 @@ def clock(seconds):
 
 # Envelopes
 
+
 def line(seconds, *points, bend=1.0):
     """Runs through (time, value) points; a bend above 1 starts each piece slowly, below 1 quickly."""
     t = clock(seconds)
@@ -67,6 +68,7 @@ def swell(seconds, rise, fall):
 
 
 # Oscillators
+
 
 def _phase(pitch, seconds, start):
     pitch = np.broadcast_to(np.asarray(pitch, dtype=float), (samples(seconds),))
@@ -129,6 +131,7 @@ def metal(seconds, low, high, count, half_life, rng, tilt=-3.0):
 
 # Filters
 
+
 def below(pitch, order=2):
     return lambda f: 1.0 / np.sqrt(1.0 + (f / pitch) ** (2 * order))
 
@@ -166,7 +169,7 @@ def _causal(response):
     cepstrum = np.fft.irfft(log)
     half = len(cepstrum) // 2
     cepstrum[1:half] *= 2.0
-    cepstrum[half + 1:] = 0.0
+    cepstrum[half + 1 :] = 0.0
     return np.exp(np.fft.rfft(cepstrum))
 
 
@@ -180,7 +183,7 @@ def filtered(x, *responses, circle=False):
     size = 1 << int(np.ceil(np.log2(len(x) + RATE // 4)))
     f = np.fft.rfftfreq(size, 1 / RATE)
     response = _causal(np.prod([r(f) for r in responses], axis=0))
-    return _through(np.concatenate((x, np.zeros(size - len(x)))), response)[:len(x)]
+    return _through(np.concatenate((x, np.zeros(size - len(x)))), response)[: len(x)]
 
 
 def swept(x, response, *controls, circle=False, window=980):
@@ -189,8 +192,11 @@ def swept(x, response, *controls, circle=False, window=980):
     count = -(-len(x) // hop)
     if circle and len(x) % hop:
         raise ValueError("a circular sweep needs a length that is a multiple of %d samples" % hop)
-    padded = np.concatenate((x[-window:], x, x[:window])) if circle else \
-        np.concatenate((np.zeros(window), x, np.zeros(2 * window)))
+    padded = (
+        np.concatenate((x[-window:], x, x[:window]))
+        if circle
+        else np.concatenate((np.zeros(window), x, np.zeros(2 * window)))
+    )
     shape = np.sin(np.pi * (np.arange(window) + 0.5) / window)
     f = np.fft.rfftfreq(window, 1 / RATE)
     out = np.zeros(len(padded))
@@ -200,10 +206,11 @@ def swept(x, response, *controls, circle=False, window=980):
             continue
         middle = at - window + window // 2
         index = middle % len(x) if circle else min(max(middle, 0), len(x) - 1)
-        piece = np.fft.irfft(np.fft.rfft(padded[at:at + window] * shape) *
-                             response(f, *[c[index] for c in controls]), window)
-        out[at:at + window] += piece * shape
-    return out[window:window + len(x)] / 2.0
+        piece = np.fft.irfft(
+            np.fft.rfft(padded[at : at + window] * shape) * response(f, *[c[index] for c in controls]), window
+        )
+        out[at : at + window] += piece * shape
+    return out[window : window + len(x)] / 2.0
 
 
 def moving_band(x, pitch, sharpness, circle=False, window=980):
@@ -217,30 +224,31 @@ def moving_low(x, pitch, circle=False, order=3, window=980):
 
 # Colour
 
+
 def drive(x, amount):
     """Soft saturation; amount 1 is gentle, 5 is rough. Works at twice the rate, so that it stays clean."""
     if amount <= 0:
         return x
     double = np.fft.irfft(np.pad(np.fft.rfft(x), (0, len(x) // 2)), 2 * len(x) - len(x) % 2) * 2
     bent = np.tanh(amount * double) / np.tanh(amount)
-    return np.fft.irfft(np.fft.rfft(bent)[:len(x) // 2 + 1], len(x)) / 2
+    return np.fft.irfft(np.fft.rfft(bent)[: len(x) // 2 + 1], len(x)) / 2
 
 
 def crush(x, bits, hold=1):
     """Coarse steps in level and, with hold, in time."""
     steps = 2.0 ** (bits - 1)
-    held = np.repeat(x[::hold], hold)[:len(x)]
+    held = np.repeat(x[::hold], hold)[: len(x)]
     return np.round(held * steps) / steps
 
 
 def pressed(x, amount, window=0.12, circle=False):
     """Brings soft stretches up towards loud ones: amount 0 leaves all as it is, 1 makes it all alike."""
-    power = np.mean(x ** 2, axis=1) if x.ndim == 2 else x ** 2
+    power = np.mean(x**2, axis=1) if x.ndim == 2 else x**2
     reach = samples(window)
     size = len(power) if circle else len(power) + 8 * reach
     n = np.arange(size)
     bump = np.exp(-0.5 * (np.minimum(n, size - n) / reach) ** 2)
-    slow = np.fft.irfft(np.fft.rfft(power, size) * np.fft.rfft(bump / bump.sum()), size)[:len(x)]
+    slow = np.fft.irfft(np.fft.rfft(power, size) * np.fft.rfft(bump / bump.sum()), size)[: len(x)]
     gain = np.maximum(slow, 1e-4 * np.max(slow)) ** (-0.5 * amount)
     return x * (gain[:, None] if x.ndim == 2 else gain)
 
@@ -261,7 +269,7 @@ def comb(x, milliseconds, feedback, circle=False):
     response = 1.0 / (1.0 - feedback * np.exp(-2j * np.pi * f * milliseconds / 1000))
     if circle:
         return _through(x, response)
-    return _through(np.concatenate((x, np.zeros(len(x)))), response)[:len(x)]
+    return _through(np.concatenate((x, np.zeros(len(x)))), response)[: len(x)]
 
 
 def at_speed(x, factor):
@@ -271,6 +279,7 @@ def at_speed(x, factor):
 
 
 # Building stones that several machines share
+
 
 def thump(seconds, high, low, half_life, drop=0.03):
     """A blow one feels: a sine that falls from high to low within about drop and dies away."""
@@ -285,7 +294,9 @@ def click(seconds, low, high, half_life, rng):
 
 def crackle(rate, rng, low=1500.0, high=9000.0):
     """Sparks: single discharges of random strength; rate is a signal, in discharges a second."""
-    hits = (rng.uniform(0, 1, len(rate)) < rate / RATE) * rng.exponential(1.0, len(rate)) * rng.choice((-1, 1), len(rate))
+    hits = (
+        (rng.uniform(0, 1, len(rate)) < rate / RATE) * rng.exponential(1.0, len(rate)) * rng.choice((-1, 1), len(rate))
+    )
     sharp = filtered(hits, band(low, high, 1))
     return sharp / (np.max(np.abs(sharp)) + 1e-9)
 
@@ -307,6 +318,7 @@ def rumble(seconds, rng, low, high, roughness=3.0):
 
 # Space
 
+
 def room_response(seconds, rng, bright=5000.0, early=0.012, density=6):
     """The answer of a room: a few first reflections, then noise that dies away, the treble first."""
     n = samples(seconds)
@@ -319,7 +331,7 @@ def room_response(seconds, rng, bright=5000.0, early=0.012, density=6):
     for _ in range(density):
         at = samples(rng.uniform(0.25, 1.6) * early)
         tail[at] += rng.choice((-1, 1)) * rng.uniform(2.0, 5.0)
-    return tail / np.sqrt(np.sum(tail ** 2))
+    return tail / np.sqrt(np.sum(tail**2))
 
 
 def room(x, seconds, wet, rng, bright=5000.0, early=0.012, circle=False, wide=False, tail=None):
@@ -333,14 +345,14 @@ def room(x, seconds, wet, rng, bright=5000.0, early=0.012, circle=False, wide=Fa
     if circle:
         folded = np.zeros(len(x))
         for at in range(0, len(response), len(x)):
-            part = response[at:at + len(x)]
-            folded[:len(part)] += part
+            part = response[at : at + len(x)]
+            folded[: len(part)] += part
         return x + wet * _through(x, np.fft.rfft(folded))
     length = len(x) + samples(seconds if tail is None else tail)
     size = 1 << int(np.ceil(np.log2(len(x) + len(response))))
     answer = np.fft.irfft(np.fft.rfft(x, size) * np.fft.rfft(response, size), size)[:length]
     dry = np.zeros(length)
-    dry[:min(len(x), length)] = x[:length]
+    dry[: min(len(x), length)] = x[:length]
     return dry + wet * np.pad(answer, (0, length - len(answer)))
 
 
@@ -351,6 +363,7 @@ def pan(x, side):
 
 
 # Putting together
+
 
 def level(x, value=1.0):
     """The signal with its highest peak at value."""
@@ -372,12 +385,12 @@ class Track:
             size = len(self.out)
             start %= size
             while len(x):
-                part = x[:size - start]
-                self.out[start:start + len(part)] += gain * part
-                x, start = x[len(part):], 0
+                part = x[: size - start]
+                self.out[start : start + len(part)] += gain * part
+                x, start = x[len(part) :], 0
         else:
-            x = x[:max(0, len(self.out) - start)]
-            self.out[start:start + len(x)] += gain * x
+            x = x[: max(0, len(self.out) - start)]
+            self.out[start : start + len(x)] += gain * x
         return self
 
 
@@ -397,12 +410,13 @@ def circling(seconds, rng, slowness):
     n = samples(seconds)
     count = max(2, int(seconds / slowness))
     spectrum = np.zeros(n // 2 + 1, dtype=complex)
-    spectrum[1:count + 1] = rng.standard_normal(count) + 1j * rng.standard_normal(count)
+    spectrum[1 : count + 1] = rng.standard_normal(count) + 1j * rng.standard_normal(count)
     x = np.fft.irfft(spectrum, n)
     return x / np.max(np.abs(x))
 
 
 # Mastering
+
 
 def _weighting(f):
     """How pitch counts for loudness on a small speaker: little below 130 Hz, up to 4 dB more in the treble."""
@@ -442,7 +456,7 @@ def limited(x, ceiling, circle=False, reach=0.003):
     kernel /= kernel.sum()
     gain = np.pad(gain, n, mode="wrap" if circle else "edge")
     size = 1 << int(np.ceil(np.log2(len(gain) + len(kernel))))
-    smooth = np.fft.irfft(np.fft.rfft(gain, size) * np.fft.rfft(kernel, size), size)[2 * n:2 * n + len(x)]
+    smooth = np.fft.irfft(np.fft.rfft(gain, size) * np.fft.rfft(kernel, size), size)[2 * n : 2 * n + len(x)]
     smooth = np.minimum(smooth, 1.0)
     return x * (smooth[:, None] if x.ndim == 2 else smooth)
 
@@ -459,12 +473,22 @@ def mastered(x, target, ceiling, circle=False):
 REFERENCE = -15.0  # dB: the loudness of a voice; blasts lie above it, what runs for long lies below
 
 
-def finish(name, x, louder=0.0, ceiling=-3.0, circle=False, fade_in=0.0006, fade_out=0.02):
+def softly_begun(x, freedom):
+    """Turns a loop so that it begins where it is quietest; freedom is how far it may turn, None is anywhere."""
+    near = samples(0.002)
+    ring = np.concatenate((np.abs(x), np.abs(x[:near])))
+    total = np.concatenate(([0.0], np.cumsum(ring)))
+    coming = (total[near:] - total[:-near])[: len(x)] / near
+    cost = (coming + 4 * np.abs(x))[: None if freedom is None else samples(freedom)]
+    return np.roll(x, -int(np.argmin(cost)))
+
+
+def finish(name, x, louder=0.0, ceiling=-3.0, circle=False, fade_in=0.0006, fade_out=0.02, freedom=None):
     """Masters a sound and writes it to data/media: no drift, silent ends (or a closed circle), even loudness.
 
-    louder is told in dB from the reference, ceiling in dB from full scale."""
+    louder is told in dB from the reference, ceiling in dB from full scale, freedom as for softly_begun."""
     if circle:
-        x = filtered(x, above(25.0, 2), circle=True)
+        x = softly_begun(filtered(x, above(25.0, 2), circle=True), freedom)
     else:
         x = filtered(x, above(25.0, 1))
         ends = np.minimum(1.0, np.arange(len(x)) / samples(fade_in))

@@ -1,8 +1,40 @@
 """The knight: a horse-headed gunship on jets; its pilot speaks over the noise of the turbines."""
 
-from kit import (RATE, Track, above, band, bell_tone, below, boost, circling, click, clock, closed, crackle, crush,
-                 decay, dice, drive, filtered, finish, glide, level, line, metal, moving_band, noise, pressed,
-                 pulse, room, rumble, saw, shelf, sine, swell, thump)
+from kit import (
+    RATE,
+    Track,
+    above,
+    band,
+    bell_tone,
+    below,
+    boost,
+    circling,
+    click,
+    clock,
+    closed,
+    crackle,
+    crush,
+    decay,
+    dice,
+    drive,
+    filtered,
+    finish,
+    glide,
+    level,
+    line,
+    metal,
+    moving_band,
+    noise,
+    pressed,
+    pulse,
+    room,
+    rumble,
+    saw,
+    shelf,
+    sine,
+    swell,
+    thump,
+)
 from voice import breathy, clear, evened, radio, spoken, vocoded
 
 
@@ -15,7 +47,9 @@ def hover():
     hiss = filtered(noise(n, rng), band(2200, 8000, 1), circle=True) * (1 + 0.25 * circling(n, rng, 0.15))
     flame = filtered(noise(n, rng), band(55, 200, 2), circle=True)
     blades = closed(870, n)
-    whine = sum(g * sine(closed(blades * r, n), n) for r, g in ((1, 1), (1.006, 0.8), (2.02, 0.4), (3.03, 0.2), (0.5, 0.35)))
+    whine = sum(
+        g * sine(closed(blades * r, n), n) for r, g in ((1, 1), (1.006, 0.8), (2.02, 0.4), (3.03, 0.2), (0.5, 0.35))
+    )
     whine = whine * (1 + 0.2 * sine(closed(5.4, n), n, 0.2))
     out = 0.75 * level(roar * flutter) + 0.16 * level(hiss) + 0.4 * level(flame * flutter) + 0.2 * level(whine)
     finish("knightMoveShort", room(out, 0.3, 0.12, rng, circle=True), louder=-3, ceiling=-6, circle=True)
@@ -31,9 +65,13 @@ def start_end():
         track.add(click(0.03, 1200, 7000, 0.004, rng), 0.5 * gain, at)
         track.add(thump(0.15, 210, 95, 0.025), 0.7 * gain, at)
     turn = glide(0.55, (0, 240), (0.2, 620), (0.4, 560), (0.55, 300))
-    flaps = filtered(pulse(turn, 0.55, 0.25) + 0.5 * saw(turn * 3.02, 0.55), band(400, 3500, 2)) * swell(0.55, 0.08, 0.12)
+    flaps = filtered(pulse(turn, 0.55, 0.25) + 0.5 * saw(turn * 3.02, 0.55), band(400, 3500, 2)) * swell(
+        0.55, 0.08, 0.12
+    )
     track.add(level(flaps), 0.26, 0.08)
-    gas = moving_band(noise(0.85, rng), glide(0.85, (0, 700), (0.3, 3000), (0.85, 900)), 1.0) * line(0.85, (0, 0), (0.12, 0.8), (0.3, 1), (0.85, 0), bend=0.8)
+    gas = moving_band(noise(0.85, rng), glide(0.85, (0, 700), (0.3, 3000), (0.85, 900)), 1.0) * line(
+        0.85, (0, 0), (0.12, 0.8), (0.3, 1), (0.85, 0), bend=0.8
+    )
     track.add(level(gas), 0.5, 0.1)
     low = filtered(noise(0.9, rng), band(80, 320, 2)) * swell(0.9, 0.25, 0.55)
     track.add(level(low), 0.4, 0.05)
@@ -48,15 +86,25 @@ def attack():
     strength = line(n, (0, 0), (0.012, 1), (0.5, 0.85), (0.62, 0.35), (n, 0), bend=0.9)
     beat = 24.0
     saws = 1 - (t * beat) % 1
-    dive = 260 + 1500 * saws ** 2
+    dive = 260 + 1500 * saws**2
     racing = filtered(bell_tone(dive, 0.5, 1.5, n), band(200, 5000, 2)) * (0.3 + 0.7 * saws) * strength
-    stream = moving_band(noise(n, rng), glide(n, (0, 1100), (0.06, 2600), (0.5, 1700), (n, 700)), 0.9) * strength * (0.6 + 0.4 * saws)
+    stream = (
+        moving_band(noise(n, rng), glide(n, (0, 1100), (0.06, 2600), (0.5, 1700), (n, 700)), 0.9)
+        * strength
+        * (0.6 + 0.4 * saws)
+    )
     growl = drive(level(filtered(saw(73, n) + saw(73.9, n) + saw(110.2, n), band(110, 1300, 2)) * strength), 3)
     sizzle = filtered(noise(n, rng), above(4000, 2)) * line(n, (0, 0), (0.15, 0.6), (0.5, 1), (n, 0))
     track = Track(n)
     track.add(click(0.05, 700, 8000, 0.006, rng), 0.8).add(thump(0.4, 260, 62, 0.07), 1.0)
     track.add(level(racing), 0.5).add(level(stream), 0.7).add(growl, 0.36).add(level(sizzle), 0.22)
-    finish("knightAttack", room(drive(level(track.out), 1.4), 0.5, 0.18, rng, tail=0.0), louder=1, ceiling=-3, fade_out=0.15)
+    finish(
+        "knightAttack",
+        room(drive(level(track.out), 1.4), 0.5, 0.18, rng, tail=0.0),
+        louder=1,
+        ceiling=-3,
+        fade_out=0.15,
+    )
 
 
 def explosion():
@@ -67,7 +115,9 @@ def explosion():
     for at, gain in ((0.0, 1.0), (0.11, 0.55)):
         track.add(click(0.08, 500, 9000, 0.008, rng), 0.85 * gain, at)
         track.add(drive(thump(0.9, 260, 48, 0.11, 0.05), 2), 0.95 * gain, at)
-    ball = moving_band(noise(n, rng), glide(n, (0, 1900), (0.15, 700), (0.6, 340), (n, 160)), 0.7) * decay(n, 0.27, 0.003)
+    ball = moving_band(noise(n, rng), glide(n, (0, 1900), (0.15, 700), (0.6, 340), (n, 160)), 0.7) * decay(
+        n, 0.27, 0.003
+    )
     track.add(drive(level(ball), 3.5), 0.8)
     track.add(rumble(n, rng, 50, 350) * line(n, (0, 0), (0.06, 1), (0.7, 0.6), (n, 0)), 0.6)
     for _ in range(16):
@@ -76,7 +126,13 @@ def explosion():
         track.add(level(metal(0.2, low, 7000, 7, 0.03, rng)), 0.34 * (1.8 - at) * rng.uniform(0.3, 1), at)
     track.add(crackle(line(n, (0, 0), (0.1, 260), (0.6, 140), (n, 10)), rng, 900, 6000), 0.5)
     out = pressed(filtered(track.out, shelf(150, -4), boost(800, 0.6, 4)), 0.25)
-    finish("explosionSmall", room(level(out), 0.9, 0.22, rng, bright=3500, early=0.03, tail=0.0), louder=2, ceiling=-2.5, fade_out=0.3)
+    finish(
+        "explosionSmall",
+        room(level(out), 0.9, 0.22, rng, bright=3500, early=0.03, tail=0.0),
+        louder=2,
+        ceiling=-2.5,
+        fade_out=0.3,
+    )
 
 
 def say(name, text, pitch, speed):

@@ -20,8 +20,23 @@ import wave
 import numpy as np
 
 from instruments import bass, bell, brush, drone, flute, heart, pad, pluck, tick, tide
-from kit import (MEDIA, RATE, Track, above, below, boost, circling, comb, db, dice, filtered, limited, moving_low,
-                 room, samples)
+from kit import (
+    MEDIA,
+    RATE,
+    Track,
+    above,
+    below,
+    boost,
+    circling,
+    comb,
+    db,
+    dice,
+    filtered,
+    limited,
+    moving_low,
+    room,
+    samples,
+)
 
 BEAT = 60 / 90
 BAR = 4 * BEAT
@@ -32,32 +47,37 @@ NAMES = {"c": 0, "d": 2, "e": 4, "f": 5, "g": 7, "a": 9, "b": 11}
 
 
 def number(name):
-    """"eb4" to its MIDI number."""
+    """ "eb4" to its MIDI number."""
     alter = name.count("#") - name[1:].count("b")
     return 12 * (int(name[-1]) + 1) + NAMES[name[0]] + alter
 
 
+# fmt: off
 # (bars, bass note, voicing from below). The clockwork strings walk through the voicing as well.
 CHORDS = (
     # opening
-    (2, "d2", "d3 a3 e4 f4 a4"), (2, "d2", "d3 bb3 d4 f4 a4"), (2, "d2", "d3 bb3 d4 f4 g4"), (1, "a1", "d3 a3 d4 e4 g4"),
-    (1, "a1", "c#3 a3 e4 g4 a4"),
+    (2, "d2", "d3 a3 e4 f4 a4"), (2, "d2", "d3 bb3 d4 f4 a4"), (2, "d2", "d3 bb3 d4 f4 g4"),
+    (1, "a1", "d3 a3 d4 e4 g4"), (1, "a1", "c#3 a3 e4 g4 a4"),
     # theme
-    (2, "d2", "d3 a3 e4 f4 a4"), (2, "bb1", "d3 a3 c4 f4 a4"), (2, "f2", "c3 a3 c4 g4 a4"), (2, "c2", "c3 g3 d4 e4 g4"),
-    (2, "g1", "d3 bb3 d4 f4 a4"), (1, "a1", "d3 a3 d4 e4 g4"), (1, "a1", "c#3 g3 c#4 e4 a4"),
+    (2, "d2", "d3 a3 e4 f4 a4"), (2, "bb1", "d3 a3 c4 f4 a4"), (2, "f2", "c3 a3 c4 g4 a4"),
+    (2, "c2", "c3 g3 d4 e4 g4"), (2, "g1", "d3 bb3 d4 f4 a4"), (1, "a1", "d3 a3 d4 e4 g4"),
+    (1, "a1", "c#3 g3 c#4 e4 a4"),
     # middle game
-    (1, "f2", "c3 a3 c4 e4 g4"), (1, "e2", "d3 bb3 d4 e4 g4"), (1, "eb2", "d3 bb3 d4 g4 a4"), (1, "d2", "d3 a3 c4 f4 a4"),
-    (1, "g1", "d3 bb3 d4 f4 a4"), (1, "c2", "eb3 bb3 d4 g4 bb4"), (1, "bb1", "d3 bb3 d4 f4 a4"), (1, "a1", "c#3 bb3 c#4 g4 a4"),
+    (1, "f2", "c3 a3 c4 e4 g4"), (1, "e2", "d3 bb3 d4 e4 g4"), (1, "eb2", "d3 bb3 d4 g4 a4"),
+    (1, "d2", "d3 a3 c4 f4 a4"), (1, "g1", "d3 bb3 d4 f4 a4"), (1, "c2", "eb3 bb3 d4 g4 bb4"),
+    (1, "bb1", "d3 bb3 d4 f4 a4"), (1, "a1", "c#3 bb3 c#4 g4 a4"),
     # attack
-    (1, "d2", "d3 a3 d4 f4 a4"), (1, "c2", "d3 a3 d4 f4 a4"), (1, "bb1", "d3 a3 d4 f4 a4"), (1, "g1", "d3 bb3 d4 f4 a4"),
-    (1, "a1", "d3 a3 d4 f4 a4"), (1, "ab1", "c3 g3 d4 eb4 g4"), (1, "g1", "bb2 f3 d4 f4 a4"), (1, "a1", "c#3 g3 d4 e4 a4"),
-    (1, "bb1", "d3 bb3 d4 f4 a4"), (1, "c2", "e3 g3 d4 e4 bb4"), (1, "eb2", "eb3 bb3 d4 g4 a4"), (1, "a1", "d3 g3 c#4 e4 a4"),
+    (1, "d2", "d3 a3 d4 f4 a4"), (1, "c2", "d3 a3 d4 f4 a4"), (1, "bb1", "d3 a3 d4 f4 a4"),
+    (1, "g1", "d3 bb3 d4 f4 a4"), (1, "a1", "d3 a3 d4 f4 a4"), (1, "ab1", "c3 g3 d4 eb4 g4"),
+    (1, "g1", "bb2 f3 d4 f4 a4"), (1, "a1", "c#3 g3 d4 e4 a4"), (1, "bb1", "d3 bb3 d4 f4 a4"),
+    (1, "c2", "e3 g3 d4 e4 bb4"), (1, "eb2", "eb3 bb3 d4 g4 a4"), (1, "a1", "d3 g3 c#4 e4 a4"),
     # rest
     (2, "f#2", "c#3 a3 c#4 e4 g#4"), (2, "d2", "d3 a3 c#4 f#4 g#4"), (2, "b1", "d3 a3 c#4 f#4 a4"),
     (1, "bb1", "d3 a3 d4 e4 f4"), (1, "a1", "d3 a3 d4 e4 g4"),
     # endgame
-    (2, "d2", "d3 a3 e4 f4 a4"), (2, "bb1", "d3 a3 c4 f4 a4"), (2, "g1", "d3 bb3 d4 f4 a4"), (2, "f2", "c3 a3 c4 e4 a4"),
-    (2, "eb2", "d3 bb3 d4 g4 a4"), (1, "a1", "d3 a3 d4 e4 g4"), (1, "a1", "d3 g3 c#4 e4 a4"),
+    (2, "d2", "d3 a3 e4 f4 a4"), (2, "bb1", "d3 a3 c4 f4 a4"), (2, "g1", "d3 bb3 d4 f4 a4"),
+    (2, "f2", "c3 a3 c4 e4 a4"), (2, "eb2", "d3 bb3 d4 g4 a4"), (1, "a1", "d3 a3 d4 e4 g4"),
+    (1, "a1", "d3 g3 c#4 e4 a4"),
 )
 
 # The theme: (beat, length in beats, note), beats counted from the first bar of its section.
@@ -69,27 +89,27 @@ THEME = (
     (32, 1.5, "d5"), (33.5, 0.5, "f5"), (34, 2, "a5"), (36, 1, "g5"), (37, 1, "f5"), (38, 2, "d5"),
     (40, 1.5, "e5"), (41.5, 0.5, "d5"), (42, 1, "e5"), (43, 1, "g5"), (44, 3.5, "a5"),
 )
-ANSWER = (  # middle game: the head of the theme climbs from chord to chord
+ANSWER = (  # middle game: the head of the theme, left hanging, then driven upwards
     (0, 1.5, "g4"), (1.5, 0.5, "c5"), (2, 2, "e5"), (4, 1.5, "d5"), (5.5, 0.5, "bb4"), (6, 2, "g4"),
-    (8, 1.5, "a4"), (9.5, 0.5, "d5"), (10, 2, "g5"), (12, 1.5, "f5"), (13.5, 0.5, "e5"), (14, 2, "a4"),
-    (16, 1, "d5"), (17, 1, "f5"), (18, 1, "a5"), (19, 1, "bb5"), (20, 1.5, "g5"), (21.5, 0.5, "eb5"), (22, 2, "d5"),
-    (24, 1, "f5"), (25, 1, "d5"), (26, 1, "a5"), (27, 1, "f5"), (28, 1.5, "g5"), (29.5, 0.5, "e5"), (30, 1.75, "c#5"),
+    (9, 3, "g5"), (12, 1, "f5"), (13, 2.5, "a4"),
+    (16, 1, "d5"), (17, 1, "f5"), (18, 2, "a5"), (20, 1, "g5"), (21, 2.5, "eb5"),
+    (24, 1, "f5"), (25, 1, "d5"), (26, 2, "a5"), (28, 1.5, "g5"), (29.5, 0.5, "e5"), (30, 1.75, "c#5"),
 )
 ATTACK = (
-    (0, 1, "a5"), (1, 0.5, "f5"), (1.5, 0.5, "d5"), (2, 2, "e5"), (4, 1.5, "f5"), (5.5, 0.5, "e5"), (6, 2, "d5"),
-    (8, 1, "f5"), (9, 0.5, "d5"), (9.5, 0.5, "c5"), (10, 2, "d5"), (12, 1.5, "bb4"), (13.5, 0.5, "a4"), (14, 2, "g4"),
-    (16, 1, "a4"), (17, 0.5, "d5"), (17.5, 0.5, "f5"), (18, 2, "a5"), (20, 1.5, "g5"), (21.5, 0.5, "eb5"), (22, 2, "c5"),
-    (24, 1, "d5"), (25, 0.5, "f5"), (25.5, 0.5, "g5"), (26, 2, "a5"), (28, 1, "g5"), (29, 1, "e5"), (30, 2, "c#5"),
-    (32, 1.5, "d5"), (33.5, 0.5, "f5"), (34, 2, "bb5"), (36, 1.5, "g5"), (37.5, 0.5, "e5"), (38, 2, "c5"),
-    (40, 1.5, "d5"), (41.5, 0.5, "g5"), (42, 2, "a5"), (44, 1.5, "g5"), (45.5, 0.5, "e5"), (46, 2, "a4"),
+    (0, 1, "a5"), (1, 0.5, "f5"), (1.5, 0.5, "d5"), (2, 2, "e5"), (4, 3, "f5"), (7, 0.5, "e5"), (7.5, 0.5, "d5"),
+    (8, 1.5, "f5"), (9.5, 1.5, "d5"), (11, 1, "c5"), (12, 3.5, "d5"),
+    (17, 0.5, "a4"), (17.5, 0.5, "d5"), (18, 2, "f5"), (20, 3, "g5"), (23, 1, "eb5"),
+    (24, 1.5, "d5"), (25.5, 0.5, "f5"), (26, 2, "a5"), (28, 3, "g5"), (31, 0.5, "e5"), (31.5, 0.5, "c#5"),
+    (32, 1.5, "d5"), (33.5, 0.5, "f5"), (34, 2, "bb5"), (36, 1.5, "g5"), (37.5, 1.5, "e5"), (39, 1, "bb4"),
+    (40, 3, "a5"), (43, 0.5, "g5"), (43.5, 0.5, "d5"), (44, 1.5, "e5"), (45.5, 2.25, "a4"),
 )
 COUNTER = (  # attack: a slow descent against the theme
-    (0, 4, "d4"), (4, 4, "c4"), (8, 4, "bb3"), (12, 4, "bb3"), (16, 4, "a3"), (20, 4, "c4"), (24, 4, "bb3"), (28, 4, "c#4"),
-    (32, 4, "d4"), (36, 4, "e4"), (40, 4, "eb4"), (44, 4, "c#4"),
+    (0, 4, "d4"), (4, 4, "c4"), (8, 4, "bb3"), (12, 4, "bb3"), (16, 4, "a3"), (20, 4, "c4"),
+    (24, 4, "bb3"), (28, 4, "c#4"), (32, 4, "d4"), (36, 4, "e4"), (40, 4, "eb4"), (44, 4, "c#4"),
 )
 REST = (  # rest: the theme's head on bells, slowly
-    (0, "c#5"), (3, "f#5"), (4, "g#5"), (8, "a5"), (11, "g#5"), (12, "f#5"), (16, "d5"), (19, "f#5"), (20, "a5"), (22, "g#5"),
-    (24, "e5"), (27, "a5"), (28, "e5"), (30, "d5"),
+    (0, "c#5"), (3, "f#5"), (4, "g#5"), (8, "a5"), (11, "g#5"), (12, "f#5"), (16, "d5"), (19, "f#5"),
+    (20, "a5"), (22, "g#5"), (24, "e5"), (27, "a5"), (28, "e5"), (30, "d5"),
 )
 ENDGAME = (
     (2, 1.5, "a4"), (3.5, 0.5, "d5"), (4, 3, "e5"), (10, 1.5, "d5"), (11.5, 0.5, "a4"), (12, 3, "bb4"),
@@ -100,7 +120,7 @@ DISTANT = (  # opening and endgame: bells far off
     (0, "a5"), (6, "e5"), (10, "d6"), (15, "a5"), (18, "bb5"), (22, "f5"), (26, "e5"), (29, "a5"),
 )
 
-# What the strings do in each bar: which sixteenths sound (the grouping 3 3 4 3 3 pulls against the clock), how loud.
+# What the strings do in each bar: which sixteenths sound (the grouping 3 3 4 3 3 pulls against the clock).
 SPARSE = "x.....x.....x..."
 WALK = "x..x..x...x..x.."
 RUN = "x.xx.xx.xxx.xx.x"
@@ -108,6 +128,8 @@ FULL = "xxxxxxxxxxxxxxxx"
 STRINGS = ([""] * 2 + [SPARSE] * 4 + [WALK] * 2 + [WALK] * 4 + [RUN] * 8 + [RUN] * 4 + [FULL] * 4 + [FULL] * 12 +
            [""] * 4 + [SPARSE] * 4 + [WALK] * 6 + [SPARSE] * 4 + [""] * 2)
 ORDER = (0, 2, 4, 1, 3, 2, 4, 3, 1, 4, 2, 3, 0, 3, 2, 1)
+
+# fmt: on
 
 
 def chord_at(bar):
@@ -168,7 +190,8 @@ def play_strings(band):
             if mark != "x":
                 continue
             accent = 1.0 if k in (0, 3, 6, 10, 13) else 0.55
-            note = notes[ORDER[(k + 5 * (bar % 2)) % 16]] + (12 if (k + bar) % 7 == 3 or 28 <= bar < 40 and k % 4 == 2 else 0)
+            high = (k + bar) % 7 == 3 or (28 <= bar < 40 and k % 4 == 2)
+            note = notes[ORDER[(k + 5 * (bar % 2)) % 16]] + (12 if high else 0)
             side = 0.7 * np.sin(2 * np.pi * (k / 16 + bar / 8))
             gain = accent * rng.uniform(0.85, 1.0) * (0.8 if 28 <= bar < 40 else 1.0)
             band.play("strings", pluck(note, round(side, 1), tension), gain, bar, k / 4)
@@ -209,7 +232,13 @@ def play_percussion(band):
                 band.play("clock", tick(rng, pitch, 0.35 if beat % 2 == 0 else -0.35), 0.5 if beat else 0.65, bar, beat)
                 if 20 <= bar < 40:
                     for part in (0.25, 0.5, 0.75):
-                        band.play("clock", tick(rng, 1900, rng.uniform(-0.7, 0.7)), 0.16 * rng.uniform(0.6, 1), bar, beat + part)
+                        band.play(
+                            "clock",
+                            tick(rng, 1900, rng.uniform(-0.7, 0.7)),
+                            0.16 * rng.uniform(0.6, 1),
+                            bar,
+                            beat + part,
+                        )
         if 12 <= bar < 40 or 48 <= bar < 54:
             band.play("drum", heart(), 0.8 if bar >= 20 else 0.55, bar, 0.0)
             band.play("drum", heart(), 0.45 if bar >= 20 else 0.3, bar, 0.5)
@@ -224,19 +253,21 @@ def play_percussion(band):
         band.play("tide", tide(rng, (bars + 0.6) * BAR), 1.0, into - bars)
 
 
+# fmt: off
 # stem: (level in dB, send to the hall in dB)
 MIX = {
-    "pad": (-15.5, -9.0), "drone": (-21.0, -10.0), "bass": (-17.0, -30.0), "strings": (-19.5, -9.0), "flute": (-18.5, -6.0),
-    "counter": (-22.0, -7.0), "bells": (-21.5, -4.0), "clock": (-30.0, -9.0), "drum": (-20.0, -22.0), "brush": (-35.0, -10.0),
-    "tide": (-30.0, -6.0),
+    "pad": (-15.5, -9.0), "drone": (-23.0, -10.0), "bass": (-18.5, -30.0), "strings": (-18.5, -9.0),
+    "flute": (-18.0, -6.0), "counter": (-21.5, -7.0), "bells": (-20.5, -4.0), "clock": (-28.5, -9.0),
+    "drum": (-20.5, -22.0), "brush": (-33.0, -10.0), "tide": (-31.0, -6.0),
 }
+# fmt: on
 
 
 def loudest_mean(x):
     """The level of a stem where it plays: the mean power of its louder half of seconds."""
-    power = np.mean(x ** 2, axis=1)
-    seconds = power[:len(power) // RATE * RATE].reshape(-1, RATE).mean(axis=1)
-    return 10 * np.log10(np.mean(np.sort(seconds)[-max(8, len(seconds) // 4):]))
+    power = np.mean(x**2, axis=1)
+    seconds = power[: len(power) // RATE * RATE].reshape(-1, RATE).mean(axis=1)
+    return 10 * np.log10(np.mean(np.sort(seconds)[-max(8, len(seconds) // 4) :]))
 
 
 def echoes(x):
@@ -275,7 +306,7 @@ def even(x):
     power = np.mean(filtered(x, above(130, 1), circle=True) ** 2, axis=1)
     window = np.exp(-0.5 * (np.fft.fftfreq(len(power), 1 / len(power)) / (2.5 * RATE)) ** 2)
     slow = np.fft.irfft(np.fft.rfft(power) * np.fft.rfft(window / window.sum()), len(power))
-    gain = np.maximum(slow, 1e-9) ** -0.36
+    gain = np.maximum(slow, 1e-9) ** -0.2
     return x * (gain / np.mean(gain))[:, None]
 
 
@@ -284,7 +315,7 @@ def mastered_mix(x):
     x = filtered(x, above(38, 2), boost(2200, 0.7, -3), boost(260, 0.8, -1.5), below(13000, 2), circle=True)
     x = even(x)
     for _ in range(3):
-        x = limited(x * db(-17.0 - loudest_mean(x)), db(-4.5), circle=True, reach=0.006)
+        x = limited(x * db(-18.0 - loudest_mean(x)), db(-4.5), circle=True, reach=0.006)
     return x
 
 

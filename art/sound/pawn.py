@@ -2,8 +2,35 @@
 
 import numpy as np
 
-from kit import (RATE, Track, band, bell_tone, below, boost, click, clock, crackle, decay, dice, drive, filtered,
-                 finish, glide, level, line, metal, moving_band, noise, pulse, room, saw, servo, sine, swell, thump)
+from kit import (
+    RATE,
+    Track,
+    band,
+    bell_tone,
+    below,
+    boost,
+    click,
+    clock,
+    crackle,
+    decay,
+    dice,
+    drive,
+    filtered,
+    finish,
+    glide,
+    level,
+    line,
+    metal,
+    moving_band,
+    noise,
+    pulse,
+    room,
+    saw,
+    servo,
+    sine,
+    swell,
+    thump,
+)
 from voice import breathy, clear, evened, radio, ring, spoken, vocoded
 
 STEP = 1 / 3  # seconds from foot to foot, as the legs go
@@ -64,7 +91,11 @@ def dying():
     whine = pulse(sag * wow, n, 0.25) + 0.6 * saw(sag * wow * 1.502, n)
     stutter = 0.55 + 0.45 * np.sign(sine(glide(n, (0, 24), (1.2, 9), (n, 7)), n)) * line(n, (0, 0.2), (0.6, 1), (n, 1))
     stutter = filtered(stutter, below(160, 1))
-    whine = filtered(whine, band(140, 3200, 2), boost(900, 1, 5)) * stutter * line(n, (0, 0), (0.01, 1), (0.9, 0.7), (1.4, 0))
+    whine = (
+        filtered(whine, band(140, 3200, 2), boost(900, 1, 5))
+        * stutter
+        * line(n, (0, 0), (0.01, 1), (0.9, 0.7), (1.4, 0))
+    )
     track = Track(n)
     track.add(level(whine), 0.6)
     track.add(click(0.05, 900, 8000, 0.006, rng), 0.8).add(thump(0.3, 300, 90, 0.04), 0.8)

@@ -2,9 +2,42 @@
 
 import numpy as np
 
-from kit import (RATE, Track, above, band, bell_tone, boost, circling, click, clock, closed, closed_curve, crackle,
-                 dice, drive, filtered, finish, glide, level, line, metal, modes, moving_band, noise, pan, peak,
-                 pressed, pulse, room, saw, shelf, sine, swell, thump, wobble)
+from kit import (
+    RATE,
+    Track,
+    above,
+    band,
+    bell_tone,
+    boost,
+    circling,
+    click,
+    clock,
+    closed,
+    closed_curve,
+    crackle,
+    dice,
+    drive,
+    filtered,
+    finish,
+    glide,
+    level,
+    line,
+    metal,
+    modes,
+    moving_band,
+    noise,
+    pan,
+    peak,
+    pressed,
+    pulse,
+    room,
+    saw,
+    shelf,
+    sine,
+    swell,
+    thump,
+    wobble,
+)
 from voice import breathy, clear, evened, spoken, vocoded
 
 CHOIR = (220.0, 329.6, 440.0, 659.3)  # an open fifth in two octaves
@@ -27,7 +60,9 @@ def move():
             track.add(voice * (1 + 0.25 * circling(n, rng, 0.4)), gain)
     breath = 0.8 + 0.2 * sine(1 / n, n, 0.1)
     choir = level(filtered(track.out, ah, circle=True) * breath)
-    jet = filtered(noise(n, rng), band(160, 1300, 1), boost(430, 1.2, 5), circle=True) * (1 + 0.3 * circling(n, rng, 0.2))
+    jet = filtered(noise(n, rng), band(160, 1300, 1), boost(430, 1.2, 5), circle=True) * (
+        1 + 0.3 * circling(n, rng, 0.2)
+    )
     high = filtered(noise(n, rng), band(2500, 7500, 1), circle=True) * (1 + 0.3 * circling(n, rng, 0.3))
     turbine = sine(closed(1174.7, n), n) + 0.7 * sine(closed(1178, n), n) + 0.3 * sine(closed(2349, n), n)
     out = 0.6 * choir + 0.55 * level(jet) + 0.15 * level(high) + 0.05 * turbine
@@ -47,7 +82,9 @@ def transformation():
     for k, (ratio, side) in enumerate(((1, 0), (1.498, -0.4), (2.004, 0.4), (2.996, -0.8), (4.01, 0.8))):
         pulse_rate = glide(n, (0, 3), (1.3, 11), (2.8, 14), (5.5, 7), (n, 3))
         gate = 0.7 + 0.3 * sine(pulse_rate, n, k / 5)
-        tone = filtered(saw(climb * ratio, n) + saw(climb * ratio * 1.006, n, 0.3), band(120, 3800, 1), boost(900, 1, 4))
+        tone = filtered(
+            saw(climb * ratio, n) + saw(climb * ratio * 1.006, n, 0.3), band(120, 3800, 1), boost(900, 1, 4)
+        )
         track.add(pan(level(tone * gate) * power, side), 0.2 / (1 + 0.35 * k))
     for k in range(26):
         at = 1.25 * (k / 26) ** 0.7
@@ -75,7 +112,11 @@ def transformation():
         when = 5.3 + 1.9 * (k / 40) ** 0.85
         note = 880 * 2 ** (rng.choice((0, 7, 12, 19, 24)) / 12)
         struck = modes(0.5, ((note, 1, 0.09), (note * 2.76, 0.35, 0.05), (note * 5.4, 0.12, 0.03)))
-        track.add(pan(struck * np.minimum(1, clock(0.5) / 0.003), rng.uniform(-0.8, 0.8) * (1 - k / 40)), 0.05 + 0.0016 * k, when)
+        track.add(
+            pan(struck * np.minimum(1, clock(0.5) / 0.003), rng.uniform(-0.8, 0.8) * (1 - k / 40)),
+            0.05 + 0.0016 * k,
+            when,
+        )
     shine = sum(sine(880 * r, 2.4, rng.uniform()) * (1 + 0.3 * sine(5 + r, 2.4)) / r for r in (1, 1.5, 2, 3, 4))
     track.add(level(shine * swell(2.4, 1.8, 0.5)), 0.2, 5.5)
     out = pressed(filtered(track.out, shelf(150, -4)), 0.45)
@@ -90,8 +131,14 @@ def drop_can():
     track = Track(n)
 
     def hit(gain, at, dull):
-        shell = ((1240, 1, 0.045), (1905, 0.8, 0.035), (2870, 0.6, 0.03), (3420, 0.5, 0.022), (4630, 0.4, 0.018),
-                 (6210, 0.3, 0.012))
+        shell = (
+            (1240, 1, 0.045),
+            (1905, 0.8, 0.035),
+            (2870, 0.6, 0.03),
+            (3420, 0.5, 0.022),
+            (4630, 0.4, 0.018),
+            (6210, 0.3, 0.012),
+        )
         partials = [(p * rng.uniform(0.99, 1.01), g * rng.uniform(0.6, 1), h * dull) for p, g, h in shell]
         track.add(level(modes(0.4, partials, rng) * np.minimum(1, clock(0.4) / 0.0006)), 0.6 * gain, at)
         track.add(click(0.03, 1200, 8000, 0.003, rng), 0.45 * gain, at)
@@ -135,10 +182,16 @@ def ufo_beam():
     n = 7.0
     pull = glide(n, (0, 65), (0.3, 98), (2.5, 98), (6.8, 196), (n, 220))
     shake = 0.65 + 0.35 * sine(glide(n, (0, 4), (2.5, 7), (6.8, 16), (n, 18)), n)
-    hum = filtered(saw(pull, n) + saw(pull * 1.008, n, 0.4) + 0.7 * pulse(pull * 1.5, n, 0.3), band(90, 2600, 1), boost(700, 1.2, 6))
+    hum = filtered(
+        saw(pull, n) + saw(pull * 1.008, n, 0.4) + 0.7 * pulse(pull * 1.5, n, 0.3),
+        band(90, 2600, 1),
+        boost(700, 1.2, 6),
+    )
     sparkle = 0.0
     for k, ratio in enumerate((6, 8, 9, 12, 16)):
-        sparkle = sparkle + sine(pull * ratio, n, k / 5) * np.maximum(0, sine(2.3 + 0.7 * k, n, k / 7)) ** 2 / (1 + 0.4 * k)
+        sparkle = sparkle + sine(pull * ratio, n, k / 5) * np.maximum(0, sine(2.3 + 0.7 * k, n, k / 7)) ** 2 / (
+            1 + 0.4 * k
+        )
     wind = moving_band(noise(n, rng), pull * 9 * 2 ** (0.5 * sine(1.1, n)), 2.2)
     track = Track(n)
     body = line(n, (0, 0), (0.25, 1), (0.6, 0.75), (2.4, 0.72), (6.7, 1), (6.85, 0.8), (n, 0))
@@ -156,7 +209,9 @@ def ufo_engage():
     wind = glide(n, (0, 110), (1.0, 165), (2.3, 660), (2.5, 1320), (2.7, 3500), (n, 260))
     spin = glide(n, (0, 4), (1.2, 9), (2.4, 27), (n, 40))
     load = line(n, (0, 0), (0.15, 0.45), (1.2, 0.6), (2.4, 1), (2.55, 1), (n, 0))
-    rotor = filtered(saw(wind, n) + saw(wind * 1.01, n) + 0.6 * pulse(wind * 0.5, n, 0.4), band(100, 6000, 1), boost(1100, 1, 4))
+    rotor = filtered(
+        saw(wind, n) + saw(wind * 1.01, n) + 0.6 * pulse(wind * 0.5, n, 0.4), band(100, 6000, 1), boost(1100, 1, 4)
+    )
     rotor = level(rotor * (0.6 + 0.4 * sine(spin, n))) * load
     ghost = bell_tone(wind * 2, 1.41, line(n, (0, 0.3), (2.5, 2.2), (n, 0.4)), n) * load
     gust = moving_band(noise(n, rng), glide(n, (0, 400), (2.2, 1400), (2.52, 6500), (n, 500)), 1.0)
@@ -173,7 +228,10 @@ def say(name, text, pitch, speed):
     rng = dice(name)
     speech = evened(clear(spoken(text, "en-gb+f2", pitch, speed, 0.97)), 0.35)
     seconds = len(speech) / RATE
-    chord = sum(g * saw(f, seconds + 0.1, rng.uniform()) for f, g in ((220, 1), (220.9, 0.8), (329.6, 0.7), (440.7, 0.6), (554.4, 0.35)))
+    chord = sum(
+        g * saw(f, seconds + 0.1, rng.uniform())
+        for f, g in ((220, 1), (220.9, 0.8), (329.6, 0.7), (440.7, 0.6), (554.4, 0.35))
+    )
     glass = vocoded(speech, breathy(chord, rng, 0.4), count=36)
     both = 0.75 * level(speech) + 0.55 * level(glass)
     out = both + 0.2 * wobble(both, 18, 0.9, 0.3)

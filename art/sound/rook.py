@@ -2,9 +2,39 @@
 
 import numpy as np
 
-from kit import (RATE, Track, above, band, below, boost, circling, click, clock, closed, comb, crackle, decay, dice,
-                 drive, filtered, finish, glide, level, line, metal, moving_band, noise, pulse, room, rumble, saw,
-                 shelf, sine, swell, thump)
+from kit import (
+    RATE,
+    Track,
+    above,
+    band,
+    below,
+    boost,
+    circling,
+    click,
+    clock,
+    closed,
+    comb,
+    crackle,
+    decay,
+    dice,
+    drive,
+    filtered,
+    finish,
+    glide,
+    level,
+    line,
+    metal,
+    moving_band,
+    noise,
+    pulse,
+    room,
+    rumble,
+    saw,
+    shelf,
+    sine,
+    swell,
+    thump,
+)
 from voice import breathy, clear, evened, spoken, vocoded
 
 
@@ -26,10 +56,10 @@ def move():
     motor = saw(turn, n) + 0.7 * pulse(turn * 2, n, 0.3) + 0.4 * saw(closed(56.9, n), n)
     motor = filtered(motor * throb, band(70, 900, 2), boost(210, 1.5, 7), circle=True)
     track.add(level(motor), 0.45)
-    grit = filtered(noise(n, rng), band(200, 2400, 1), circle=True) * (0.6 + 0.4 * np.abs(sine(8, n)))
+    grit = filtered(noise(n, rng), band(200, 2200, 2), circle=True) * (0.6 + 0.4 * np.abs(sine(8, n)))
     track.add(level(grit) * (1 + 0.4 * circling(n, rng, 0.2)), 0.16)
     for at, pitch in ((0.52, 1150), (1.77, 1230)):
-        squeal = sine(pitch * (1 + 0.03 * np.sin(2 * np.pi * 14 * t[:int(0.3 * RATE)])), int(0.3 * RATE) / RATE)
+        squeal = sine(pitch * (1 + 0.03 * np.sin(2 * np.pi * 14 * t[: int(0.3 * RATE)])), int(0.3 * RATE) / RATE)
         track.add(squeal * swell(len(squeal) / RATE, 0.1, 0.15), 0.045, at)
     whine = sine(closed(448, n) * (1 + 0.004 * sine(2 / n, n)), n) * 0.05
     track.add(whine - whine.mean())
@@ -61,17 +91,25 @@ def collapse():
     n = 1.9
     track = Track(n)
     track.add(click(0.05, 400, 5000, 0.01, rng), 0.6).add(thump(0.5, 200, 55, 0.08), 0.9)
-    for at, size in ((0.0, 0.8), (0.2, 0.5), (0.34, 0.65), (0.47, 0.4), (0.62, 1.0), (0.83, 0.45), (1.0, 0.55), (1.2, 0.25)):
-        track.add(thump(0.35, 170 / size ** 0.3, 58 / size ** 0.3, 0.045), size, at)
+    for at, size in (
+        (0.0, 0.8),
+        (0.2, 0.5),
+        (0.34, 0.65),
+        (0.47, 0.4),
+        (0.62, 1.0),
+        (0.83, 0.45),
+        (1.0, 0.55),
+        (1.2, 0.25),
+    ):
+        track.add(thump(0.35, 170 / size**0.3, 58 / size**0.3, 0.045), size, at)
         track.add(click(0.2, 160, 1800, 0.025, rng), 0.5 * size, at)
-        track.add(level(metal(0.4, 140 / size ** 0.4, 1500, 14, 0.05, rng)), 0.3 * size, at)
+        track.add(level(metal(0.4, 140 / size**0.4, 1500, 14, 0.05, rng)), 0.3 * size, at)
     masses = rumble(n, rng, 60, 600) * line(n, (0, 0), (0.1, 0.7), (0.62, 1), (1.1, 0.4), (n, 0))
     track.add(masses, 0.6)
     rubble = crackle(line(n, (0, 20), (0.6, 160), (1.2, 90), (n, 8)), rng, 500, 3500)
     track.add(rubble, 0.35)
     out = filtered(track.out, shelf(140, -5), boost(600, 0.6, 4))
-    finish("rookdeath", room(level(out), 0.6, 0.2, rng, bright=3000, tail=0.0), louder=-1, ceiling=-6,
-           fade_out=0.25)
+    finish("rookdeath", room(level(out), 0.6, 0.2, rng, bright=3000, tail=0.0), louder=-1, ceiling=-6, fade_out=0.25)
 
 
 def scrape():
@@ -83,13 +121,19 @@ def scrape():
     rough = noise(n, rng) * (0.15 + grain)
     drag = line(n, (0, 0), (0.12, 0.5), (0.3, 0.25), (0.45, 0.9), (0.95, 1), (1.2, 0.2), (1.35, 0))
     pitch = glide(n, (0, 1300), (0.3, 1000), (0.5, 1700), (1.0, 1150), (1.3, 800), (n, 700))
-    iron = moving_band(rough, pitch, 7) + 0.8 * moving_band(rough, pitch * 1.83, 9) + 0.6 * moving_band(rough, pitch * 2.71, 9)
+    iron = (
+        moving_band(rough, pitch, 7)
+        + 0.8 * moving_band(rough, pitch * 1.83, 9)
+        + 0.6 * moving_band(rough, pitch * 2.71, 9)
+    )
     track = Track(n)
     track.add(level(iron * drag), 0.85)
     screech = sine(pitch * 1.3 * (1 + 0.02 * filtered(noise(n, rng), below(40, 2))), n) * drag * (0.4 + grain)
     track.add(level(screech), 0.12)
     sag = glide(n, (0, 150), (0.5, 95), (1.0, 40), (n, 22))
-    motor = filtered(saw(sag, n) + 0.6 * pulse(sag * 2.01, n, 0.2), band(180, 1400, 2)) * line(n, (0, 0), (0.03, 1), (1.0, 0.5), (1.3, 0))
+    motor = filtered(saw(sag, n) + 0.6 * pulse(sag * 2.01, n, 0.2), band(180, 1400, 2)) * line(
+        n, (0, 0), (0.03, 1), (1.0, 0.5), (1.3, 0)
+    )
     track.add(level(motor) * (0.7 + 0.3 * sine(glide(n, (0, 19), (n, 6)), n)), 0.35)
     for at, gain, low in ((1.22, 1.0, 420), (1.37, 0.5, 470), (1.46, 0.3, 520), (1.52, 0.18, 560)):
         track.add(level(metal(0.4, low, 5200, 22, 0.07, rng)), 0.75 * gain, at)

@@ -17,8 +17,23 @@ def spoken(text, voice, pitch=50, speed=160, size=1.0):
     the pitch with them), while the speed stays as told."""
     with tempfile.TemporaryDirectory() as folder:
         path = os.path.join(folder, "speech.wav")
-        subprocess.run(["espeak-ng", "-v", voice, "-p", str(pitch), "-s", str(int(round(speed * size))), "-a", "100",
-                        "-w", path, text], check=True)
+        subprocess.run(
+            [
+                "espeak-ng",
+                "-v",
+                voice,
+                "-p",
+                str(pitch),
+                "-s",
+                str(int(round(speed * size))),
+                "-a",
+                "100",
+                "-w",
+                path,
+                text,
+            ],
+            check=True,
+        )
         with wave.open(path) as source:
             rate = source.getframerate()
             raw = np.frombuffer(source.readframes(source.getnframes()), dtype="<i2") / 32768
@@ -26,21 +41,21 @@ def spoken(text, voice, pitch=50, speed=160, size=1.0):
     count += count % 2
     spectrum = np.fft.rfft(raw)
     full = np.zeros(count // 2 + 1, dtype=complex)
-    full[:min(len(full), len(spectrum))] = spectrum[:len(full)]
+    full[: min(len(full), len(spectrum))] = spectrum[: len(full)]
     return level(trimmed(np.fft.irfft(full, count)))
 
 
 def trimmed(x, floor=0.012):
     """Cuts off what is quieter than the floor at both ends, and leaves a little air."""
     loud = np.flatnonzero(np.abs(x) > floor * np.max(np.abs(x)))
-    return x[max(0, loud[0] - samples(0.008)):loud[-1] + samples(0.02)]
+    return x[max(0, loud[0] - samples(0.008)) : loud[-1] + samples(0.02)]
 
 
 def evened(x, amount=0.6, window=0.05):
     """Brings soft sounds up towards the loud ones, so that consonants carry on small speakers."""
-    envelope = np.sqrt(np.maximum(filtered(x ** 2, below(1 / window, 1)), 0)) + 1e-3
+    envelope = np.sqrt(np.maximum(filtered(x**2, below(1 / window, 1)), 0)) + 1e-3
     envelope = np.maximum(envelope, 0.03 * np.max(envelope))
-    return level(x * envelope ** -amount)
+    return level(x * envelope**-amount)
 
 
 def clear(x):
@@ -75,7 +90,7 @@ def _bands(count, low, high):
     f = np.fft.rfftfreq(WINDOW, 1 / RATE)
     mel = np.linspace(np.log1p(low / 700), np.log1p(high / 700), count + 2)
     edges = 700 * np.expm1(mel)
-    rows = [np.interp(f, edges[k:k + 3], (0, 1, 0), left=0, right=0) for k in range(count)]
+    rows = [np.interp(f, edges[k : k + 3], (0, 1, 0), left=0, right=0) for k in range(count)]
     return np.array(rows)
 
 
@@ -83,7 +98,7 @@ def vocoded(speech, carrier, count=30, low=90.0, high=10000.0):
     """Lets the carrier speak: in each band it takes the strength that the speech has there."""
     rows = _bands(count, low, high)
     said = np.sqrt((np.abs(_frames(speech)) ** 2) @ rows.T)
-    source = _frames(carrier[:len(speech)])
+    source = _frames(carrier[: len(speech)])
     sounding = np.sqrt((np.abs(source) ** 2) @ rows.T)
     gain = said / (sounding + 0.02 * np.max(sounding, axis=0) + 1e-9)
     out = source * (gain @ (rows / np.maximum(rows.sum(axis=0), 1e-9)))
@@ -91,8 +106,8 @@ def vocoded(speech, carrier, count=30, low=90.0, high=10000.0):
     pieces = np.fft.irfft(out, WINDOW, axis=1) * shape
     total = np.zeros(len(pieces) * HOP + WINDOW)
     for k, piece in enumerate(pieces):
-        total[k * HOP:k * HOP + WINDOW] += piece
-    return level(total[WINDOW:WINDOW + len(speech)])
+        total[k * HOP : k * HOP + WINDOW] += piece
+    return level(total[WINDOW : WINDOW + len(speech)])
 
 
 def breathy(carrier, rng, amount):

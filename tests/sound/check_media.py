@@ -49,9 +49,26 @@ ONCE = {  # name: shortest and longest length in seconds
 }
 CUES = ("beep1", "beep3", "error0", "error1", "error2", "check0", "check1", "checkMate0")
 VOICES = (
-    "pawnSelected0", "pawnSelected1", "pawnAck0", "pawnAck1", "rookSelected0", "rookAck0", "rookAck1",
-    "bishopSelected0", "bishopSelected1", "bishopAck0", "knightSelected0", "knightSelected1", "knightAck0",
-    "kingSelected0", "kingAck0", "queenSelected0", "queenSelected1", "queenAck0", "queenAck1", "queenAck2",
+    "pawnSelected0",
+    "pawnSelected1",
+    "pawnAck0",
+    "pawnAck1",
+    "rookSelected0",
+    "rookAck0",
+    "rookAck1",
+    "bishopSelected0",
+    "bishopSelected1",
+    "bishopAck0",
+    "knightSelected0",
+    "knightSelected1",
+    "knightAck0",
+    "kingSelected0",
+    "kingAck0",
+    "queenSelected0",
+    "queenSelected1",
+    "queenAck0",
+    "queenAck1",
+    "queenAck2",
 )
 LENGTHS = {
     **{name: (seconds - 0.01, seconds + 0.01) for name, seconds in LOOPS.items()},
@@ -62,11 +79,11 @@ LENGTHS = {
 MUSIC = "music0.ogg"
 MUSIC_LENGTH = (120.0, 240.0)
 
-PEAK = 10 ** (-1 / 20)      # -1 dB
-END = 0.004                 # a start or an end this near zero cannot click
-DRIFT = 0.002               # the mean of a sound, of full scale
-SPREAD = 6.0                # dB between the softest and the loudest effect
-STEADY = 5.0                # dB that four seconds of music may lie from its middle loudness
+PEAK = 10 ** (-1 / 20)  # -1 dB
+END = 0.004  # a start or an end this near zero cannot click
+DRIFT = 0.002  # the mean of a sound, of full scale
+SPREAD = 6.0  # dB between the softest and the loudest effect
+STEADY = 5.0  # dB that four seconds of music may lie from its middle loudness
 SILENCE = 10 ** (-60 / 20)  # a hundredth of a second below this is silent
 
 
@@ -80,7 +97,7 @@ class Sound:
             self.samples = array.array("h", source.readframes(self.frames))
         if sys.byteorder == "big":
             self.samples.byteswap()
-        self.sides = [self.samples[k::self.channels] for k in range(self.channels)]
+        self.sides = [self.samples[k :: self.channels] for k in range(self.channels)]
 
     @property
     def seconds(self):
@@ -94,8 +111,8 @@ class Sound:
 def block_powers(side, seconds):
     """The mean power of one block after the other; what is left at the end is a block of its own."""
     size = int(RATE * seconds)
-    blocks = (side[at:at + size] for at in range(0, len(side), size))
-    return [sum(map(operator.mul, block, block)) / len(block) / FULL ** 2 for block in blocks]
+    blocks = (side[at : at + size] for at in range(0, len(side), size))
+    return [sum(map(operator.mul, block, block)) / len(block) / FULL**2 for block in blocks]
 
 
 def as_heard(side):
@@ -122,19 +139,19 @@ def loudness(sound):
     """dB of the loudest fifth of a second; what is shorter counts as if silence followed."""
     powers = [sum(pair) / sound.channels for pair in zip(*(block_powers(as_heard(s), 0.01) for s in sound.sides))]
     powers += [0.0] * (20 - len(powers))
-    loudest = max(sum(powers[k:k + 20]) / 20 for k in range(len(powers) - 19))
+    loudest = max(sum(powers[k : k + 20]) / 20 for k in range(len(powers) - 19))
     return 10 * math.log10(loudest + 1e-12)
 
 
 def seam_shows(side):
     """Whether the step from the end to the start, or the bend in it, exceeds what the signal does near by anyway."""
-    near = list(side[-RATE // 20:]) + list(side[:RATE // 20])
+    near = list(side[-RATE // 20 :]) + list(side[: RATE // 20])
     seam = RATE // 20
     step = [b - a for a, b in zip(near, near[1:])]
     bend = [b - a for a, b in zip(step, step[1:])]
-    others = step[:seam - 1] + step[seam:]
-    bends = bend[:seam - 2] + bend[seam:]
-    return abs(step[seam - 1]) > max(map(abs, others)) or max(map(abs, bend[seam - 2:seam])) > max(map(abs, bends))
+    others = step[: seam - 1] + step[seam:]
+    bends = bend[: seam - 2] + bend[seam:]
+    return abs(step[seam - 1]) > max(map(abs, others)) or max(map(abs, bend[seam - 2 : seam])) > max(map(abs, bends))
 
 
 def longest_run_at_peak(side):
@@ -168,8 +185,7 @@ class Effects(unittest.TestCase):
 
     def test_last_as_long_as_their_scene_needs(self):
         lengths = {name: sound.seconds for name, sound in self.sounds.items()}
-        wrong = {name: length for name, length in lengths.items()
-                 if not LENGTHS[name][0] <= length <= LENGTHS[name][1]}
+        wrong = {name: length for name, length in lengths.items() if not LENGTHS[name][0] <= length <= LENGTHS[name][1]}
         self.assertEqual(wrong, {})
 
     def test_peak_below_one_decibel(self):
@@ -191,7 +207,7 @@ class Effects(unittest.TestCase):
     def test_sound_most_of_the_time_and_do_not_trail_off_in_silence(self):
         def mostly_silent(sound):
             powers = block_powers(sound.samples, 0.01 * sound.channels)
-            sounding = [k for k, power in enumerate(powers) if power > SILENCE ** 2]
+            sounding = [k for k, power in enumerate(powers) if power > SILENCE**2]
             return len(sounding) < 0.6 * len(powers) or sounding[0] > 5 or len(powers) - sounding[-1] > 25
 
         self.none(mostly_silent)
@@ -199,8 +215,11 @@ class Effects(unittest.TestCase):
     def test_are_evenly_loud(self):
         heard = {name: loudness(sound) for name, sound in self.sounds.items()}
         softest, loudest = min(heard, key=heard.get), max(heard, key=heard.get)
-        self.assertLessEqual(heard[loudest] - heard[softest], SPREAD,
-                             f"{softest} {heard[softest]:.1f} dB, {loudest} {heard[loudest]:.1f} dB")
+        self.assertLessEqual(
+            heard[loudest] - heard[softest],
+            SPREAD,
+            f"{softest} {heard[softest]:.1f} dB, {loudest} {heard[loudest]:.1f} dB",
+        )
 
 
 class Music(unittest.TestCase):
@@ -237,7 +256,7 @@ class Music(unittest.TestCase):
     def test_stays_steadily_loud(self):
         seconds = [sum(pair) / 2 for pair in zip(*(block_powers(side, 1.0) for side in self.sound.sides))]
         ring = seconds + seconds[:3]
-        levels = [10 * math.log10(sum(ring[k:k + 4]) / 4 + 1e-12) for k in range(len(seconds))]
+        levels = [10 * math.log10(sum(ring[k : k + 4]) / 4 + 1e-12) for k in range(len(seconds))]
         middle = sorted(levels)[len(levels) // 2]
         for second, level in enumerate(levels):
             self.assertLess(abs(level - middle), STEADY, f"at second {second}")
