@@ -125,7 +125,7 @@ def transformation():
 
 
 def drop_can():
-    """Thin sheet metal with liquid in it: it drops, bounces shorter and shorter, tips round its rim and stands."""
+    """Thin sheet metal with liquid in it: it drops, bounces twice, tips round its rim and stands."""
     rng = dice("queenDropCan")
     n = 1.5
     track = Track(n)
@@ -146,15 +146,20 @@ def drop_can():
         splash = moving_band(noise(0.2, rng), glide(0.2, (0, 700), (0.2, 1300)), 3) * swell(0.2, 0.05, 0.14)
         track.add(level(splash), 0.1 * gain, at + 0.015)
 
-    fall = sine(glide(0.16, (0, 900), (0.16, 520)), 0.16) * swell(0.16, 0.1, 0.04)
-    track.add(fall, 0.05)
-    for at, gain in ((0.15, 1.0), (0.43, 0.6), (0.62, 0.4), (0.75, 0.26)):
+    # It turns solid with a last ring of glass, and falls; it lands as it does in sight, at two thirds of a second.
+    solid = modes(0.6, ((880, 1, 0.1), (1760, 0.5, 0.06), (2640, 0.35, 0.04))) * np.minimum(1, clock(0.6) / 0.002)
+    track.add(level(solid), 0.2)
+    fall = sine(glide(0.5, (0, 1150), (0.5, 480)), 0.5) * line(0.5, (0, 0), (0.45, 1), (0.5, 0), bend=2)
+    air = moving_band(noise(0.5, rng), glide(0.5, (0, 900), (0.5, 3000)), 1.5)
+    air = level(air * line(0.5, (0, 0), (0.46, 1), (0.5, 0), bend=2))
+    track.add(fall, 0.05, 0.16).add(air, 0.1, 0.16)
+    for at, gain in ((0.66, 1.0), (1.0, 0.6), (1.165, 0.36)):
         hit(gain, at, 1.0)
-    at, gap, gain = 0.84, 0.075, 0.26
-    while at < 1.36:
+    at, gap, gain = 1.23, 0.05, 0.3
+    while at < 1.44:
         hit(gain, at, 0.6)
-        at, gap, gain = at + gap, max(0.016, gap * 0.86), gain * 0.9
-    finish("queenDropCan", room(track.out, 0.3, 0.14, rng, tail=0.0), ceiling=-4, fade_out=0.05)
+        at, gap, gain = at + gap, max(0.016, gap * 0.8), gain * 0.88
+    finish("queenDropCan", room(track.out, 0.3, 0.14, rng, tail=0.0), ceiling=-4, fade_out=0.04)
 
 
 def ufo():
