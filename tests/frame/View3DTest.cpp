@@ -53,14 +53,15 @@ TEST(View3D, PansAtFourAndAHalfUnitsASecondWhateverTheFrameRate) {
 
 TEST(View3D, BothKeysOfAPairCancelOut) {
     View3D view;
+    view.MoveY(1.0f);
     view.SetMoveZMinus(-1);
     view.SetMoveZPlus(1);
     Hold(view, 1.0f);
-    ExpectEye(view, 0.0f, 0.0f, 30.0f);
+    ExpectEye(view, 0.0f, 1.0f, 30.0f);
 
     view.SetMoveZPlus(0);
     view.Update(1.0f);
-    ExpectEye(view, 0.0f, 0.0f, 25.5f);
+    ExpectEye(view, 0.0f, 1.0f, 25.5f);
 }
 
 TEST(View3D, ASteppedTimeOfZeroMovesNothing) {
