@@ -438,8 +438,11 @@ TEST(ChessGamePromotion, WaitsForTheChoice) {
     const MoveResult step = Play(laid.game, "a7", "a8");
     ExpectQuiet(step);
     EXPECT_EQ(Field(step.PromotionField()), "a8");
+    laid.board->SetCheckedKing(laid.board->GetKing(Player::White));
+    laid.board->SetMatedKing(laid.board->GetKing(Player::White));
     const MoveResult chosen = laid.game.PromotePawn(FigureType::Knight);
     ExpectQuiet(chosen);
+    EXPECT_EQ(laid.board->GetMatedKing(), nullptr);
     EXPECT_EQ(Field(chosen.PromotionField()), "-");
     EXPECT_EQ(Field(chosen.CapturedField()), "-");
     EXPECT_EQ(Field(chosen.CastlingRookField()), "-");

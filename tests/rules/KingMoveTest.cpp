@@ -148,6 +148,8 @@ TEST(KingAttackers, FindsEveryKindInListOrder) {
     EXPECT_EQ(Attackers(board.get(), Player::White, "h8"), "re8");
     EXPECT_EQ(Attackers(board.get(), Player::White, "h3"), "");
     EXPECT_EQ(Attackers(board.get(), Player::Black, "g2"), "Kh1");
+    EXPECT_EQ(Attackers(board.get(), Player::Black, "h3"), "");
+    EXPECT_EQ(Attackers(board.get(), Player::Black, "f1"), "");
 }
 
 TEST(KingAttackers, SeesThroughNoFigure) {
