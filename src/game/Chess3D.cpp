@@ -10,7 +10,6 @@
 #include "assets/SoundManager.h"
 #include "figures/ChessFigure3D.h"
 #include "frame/Engine3D.h"
-#include "rules/MoveResult.h"
 #include "scene/BoardSelectionGrid.h"
 #include "scene/FieldCentre.h"
 #include "scene/ScoreBoard.h"

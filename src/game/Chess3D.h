@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,9 +10,11 @@
 #include "game/Game3D.h"
 #include "rules/ChessBoardView.h"
 #include "rules/ChessGame.h"
+#include "rules/ChessGameFigure.h"
 #include "rules/Coordinate.h"
 #include "rules/CoordinateList.h"
 #include "rules/FigureType.h"
+#include "rules/MoveResult.h"
 #include "rules/Player.h"
 
 namespace tolvane {
@@ -31,8 +32,6 @@ class ShaderStore;
 class SoundManager;
 class TextBox2D;
 class TextureHandler;
-enum class ChessGameFigure : std::int32_t;
-struct MoveResult;
 
 // The game itself: it joins the rules to the scene and drives the turns. Two people share one mouse; a click
 // picks a figure, a second one its target. The rules play the move at once, the scene follows for seconds by

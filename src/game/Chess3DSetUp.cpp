@@ -20,7 +20,6 @@
 #include "frame/Engine3D.h"
 #include "game/Chess3D.h"
 #include "game/LastingObjects.h"
-#include "rules/ChessGameFigure.h"
 #include "scene/BoardSelectionGrid.h"
 #include "scene/ChessBoard3D.h"
 #include "scene/FieldCentre.h"
