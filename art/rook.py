@@ -115,7 +115,7 @@ def rear(figure):
 
 
 def build():
-    figure = Figure("rook", 0.45, skeleton(), seed=23)
+    figure = Figure("rook", 0.45, skeleton(), seed=23, lift=0.7)
     wheels = join(*[lathe([(0.17, 0), (0.17, 0.03), (0.11, 0.03), (0.10, 0.015), (0.05, 0.015), (0.04, 0.04), (0, 0.045)],
                           14, close=False).rotate(z=-90).move(0.168, TURN_R, z) for z in (-0.42, 0, 0.42)]).material("metal")
     figure.pair("track", track(), "track", material="dark", bevel=0.01, detail=wheels.move(TRACK_X), density=0.8)

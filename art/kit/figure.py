@@ -38,10 +38,13 @@ class Figure:
     """A model in the making. Geometry is in world units, standing as in the first frame of "stand"; `scale` is
     the factor that the game multiplies the model with, taken out again when the file is written."""
 
-    def __init__(self, name, scale, rig=None, seed=1, home=None):
-        """`home` is the folder below "models" where the files go, "chess3d/<name>" by itself."""
+    def __init__(self, name, scale, rig=None, seed=1, home=None, lift=0.35):
+        """`home` is the folder below "models" where the files go, "chess3d/<name>" by itself. The game's only light
+        stands straight above, so that an upright wall would get none of it: `lift` is how far the written normals
+        lean upwards to catch some."""
         self.name, self.scale, self.rig, self.seed = name, scale, rig or Rig().bone("root", (0, 0, 0)), seed
         self.home = home or f"chess3d/{name}"
+        self.lift = lift
         self.parts, self.clips = [], []
 
     # Parts
@@ -129,6 +132,7 @@ class Figure:
                 if ground:
                     points = grounded(points, [pose.loose()[b] for b in bones])
                 turned = np.einsum("nij,nj->ni", stack[:, :3, :3], rest_normals)
+                turned = turned / np.linalg.norm(turned, axis=1, keepdims=True) + (0, self.lift, 0)
                 turned /= np.linalg.norm(turned, axis=1, keepdims=True)
                 frames.append((f"{clip}{i:02d}", points / self.scale, turned))
         corners = np.stack([np.array(vertex_of).reshape(-1, 3), np.array(coord_of).reshape(-1, 3)], axis=2)

@@ -19,7 +19,7 @@ else:
     from kit import files
     from kit.mesh import rotation
 
-SUN = np.array([0.12, 0.80, 0.45])
+AMBIENT, DIFFUSE = 0.42, 0.72  # what the game's light from straight above gives a figure's picture
 BACKGROUND = np.array([0.21, 0.20, 0.30])
 
 
@@ -56,12 +56,12 @@ def render(points, normals, triangles, uv, picture, view, width, height, zoom, c
     k = last[found]
     weights = np.stack([wa[k], wb[k], wc[k]], axis=1)[:, :, None]
     coordinates = (uv3[owner[k]] * weights).sum(axis=1)
-    normal = (n3[owner[k]] * weights).sum(axis=1)
+    normal = (n3[owner[k]] @ view.T * weights).sum(axis=1)
     normal /= np.maximum(np.linalg.norm(normal, axis=1, keepdims=True), 1e-9)
     colour = sample(picture, coordinates)
     if light:
-        sun = SUN / np.linalg.norm(SUN)
-        colour = colour * (0.42 + 0.62 * np.clip(normal @ sun, 0, 1))[:, None]
+        up = normal @ view[:, 1]
+        colour = colour * np.minimum(AMBIENT + DIFFUSE * np.clip(up, 0, 1), 1)[:, None]
     image = np.tile(BACKGROUND, (w * h, 1))
     image[found] = colour
     return image.reshape(height, soft, width, soft, 3).mean(axis=(1, 3))
