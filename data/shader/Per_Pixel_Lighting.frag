@@ -6,8 +6,7 @@
 uniform sampler2D Texture;
 
 varying vec3 normal;
-varying vec3 halfway;
-varying vec3 toLight;
+varying vec4 leanAndPlace;
 
 // base to the power of exponent, for a base of 0 to 1: (1 + x / 8) to the eighth stands for e to the x.
 float power(float base, float exponent)
@@ -20,15 +19,14 @@ float power(float base, float exponent)
 
 void main()
 {
-    vec3 up = normalize(normal);
-    float facing = dot(up, toLight);
-    float lit = max(facing, 0.0);
-    float shine = power(min(dot(up, normalize(halfway)), 1.0), gl_FrontMaterial.shininess);
+    vec2 cosines = leanAndPlace.xy * inversesqrt(dot(normal, normal));
+    float lit = max(cosines.x, 0.0);
+    float shine = power(min(cosines.y, 1.0), gl_FrontMaterial.shininess) * step(1.0e-6, lit);
 
     vec3 tint = gl_FrontLightModelProduct.sceneColor.rgb + gl_FrontLightProduct[0].ambient.rgb
         + gl_FrontLightProduct[0].diffuse.rgb * lit;
-    vec3 highlight = gl_FrontLightProduct[0].specular.rgb * (shine * step(1.0e-6, facing));
-    vec4 picture = texture2D(Texture, gl_TexCoord[0].st);
+    vec4 picture = texture2D(Texture, leanAndPlace.zw);
 
-    gl_FragColor = vec4(min(tint, 1.0) * picture.rgb + highlight, gl_FrontMaterial.diffuse.a * picture.a);
+    gl_FragColor = vec4(min(tint, 1.0) * picture.rgb + gl_FrontLightProduct[0].specular.rgb * shine,
+        gl_FrontMaterial.diffuse.a * picture.a);
 }
