@@ -275,9 +275,9 @@ def add_parapet(figure):
 
 
 def rim_lamp(x):
-    """A lamp housing on the parapet; its glass looks inwards and up."""
+    """A lamp housing on the parapet, with glass towards the fields and towards space."""
     body = box(0.7, 0.35, 0.525, top=(0.75, 0.5)).move(x, 0.875, 18.4625)
-    return body.paint("light", lambda c, n: n[2] < -0.3).drop(lambda c, n: n[1] < -0.9)
+    return body.paint("light", lambda c, n: abs(n[2]) > 0.3).drop(lambda c, n: n[1] < -0.9)
 
 
 def buttress_fin(x):
@@ -361,16 +361,16 @@ def loft(sections, n, start, x_of, bands):
     return shape.warp(lambda x, y, z: (x + x_of(y)[0], y, z + x_of(y)[1]))
 
 
-PYLON = ((1.05, -2.45), (1.05, -3.85), (1.575, -4.2), (1.4, -6.825), (0.875, -7.175), (0.875, -8.575), (1.3125, -8.925), (1.05, -11.725))
+PYLON = ((1.05, -2.45), (1.05, -3.85), (1.575, -4.2), (1.4, -6.825), (0.875, -7.175), (0.875, -8.05), (1.3125, -8.4), (1.05, -10.675))
 PYLON_BANDS = ("dark", "metal", "plate", "metal", "dark", "metal", "plate")
-COWL = ((0.875, -11.725), (0.875, -12.425), (1.75, -13.65), (1.75, -14.525), (1.4, -15.05), (0.875, -14.525))
+COWL = ((0.875, -10.675), (0.875, -11.2), (1.75, -12.25), (1.75, -12.95), (1.4, -13.475), (0.7, -12.95))
 COWL_BANDS = ("dark", "plate", "plate", "metal", "hot")
-SPIKE = ((0.875, -14.35), (0.7, -15.4), (0.35, -17.325), (0.0, MOUTH))
+SPIKE = ((0.7, -12.95), (0.35, -14.0), (0.175, -16.8), (0.0, MOUTH))
 
 
 def add_corners(figure):
-    """A tower at each corner; from it a pylon leans out to where its thruster burns. The spike of the thruster ends
-    where the flame does, between vanes that hold it."""
+    """A tower at each corner; from it a pylon leans out to where its thruster burns. The flame stands round a thin
+    spike, in the open between three vanes that end at the mouth."""
     corners = ((0, 18.35, 19.25), (1, 18.35, -19.05), (2, -19.2, -18.9), (3, -19.2, 19.45))
     for number, tx, tz in corners:
         original = number == 0
@@ -378,7 +378,7 @@ def add_corners(figure):
         sx, sz = (1 if tx > 0 else -1), (1 if tz > 0 else -1)
 
         def middle(y):
-            t = min(1.0, max(0.0, (-2.45 - y) / (12.4 - 2.45)))
+            t = min(1.0, max(0.0, (-2.45 - y) / (10.675 - 2.45)))
             return sx * TOWER + (tx - sx * TOWER) * t, sz * TOWER + (tz - sz * TOWER) * t
 
         def turned(mesh):
@@ -398,15 +398,15 @@ def add_corners(figure):
         figure.part(f"spike.{number}", leaning(SPIKE, ("hot", "hot", "hot"), 6), like=like("spike"), bevel=0.0, density=0.5, smooth=60,
                     material="hot")
         vane = vane_mesh()
-        for k in range(4):
+        for k in range(3):
             first = original and k == 0
-            mesh = vane.rotate(y=90 * (number + k) + 45).move(tx, 0, tz)
+            mesh = vane.rotate(y=90 * number + 45 + 120 * k).move(tx, 0, tz)
             figure.part(f"vane.{number}{k}", mesh, like=None if first else "vane.00", bevel=0.03, density=0.6, material="metal")
 
 
 def vane_mesh():
-    """One of the four prongs that hold the flame, on the +z side of a thruster: out, down and in to the mouth's ring."""
-    spine = [(1.575, -13.65, 0.35), (2.1, -15.225, 0.35), (2.1, -16.8, 0.2625), (1.575, MOUTH, 0.175)]
+    """One of the three prongs that hold the flame, on the +z side of a thruster: out, down and in to the mouth's ring."""
+    spine = [(1.575, -12.25, 0.35), (2.1, -14.0, 0.35), (2.1, -16.275, 0.2625), (1.575, MOUTH, 0.175)]
     v = []
     for r, y, half in spine:
         v += [(-half, y, r - 0.175), (half, y, r - 0.175), (half * 0.5, y, r + 0.175), (-half * 0.5, y, r + 0.175)]
@@ -421,7 +421,7 @@ def vane_mesh():
 
 def pylon_detail(middle):
     parts = []
-    for y, r, size in ((-5.6, 1.42, 0.5), (-10.1, 1.20, 0.42)):
+    for y, r, size in ((-5.6, 1.42, 0.5), (-9.5, 1.16, 0.36)):
         for i in range(8):
             plate = prism(chamfered(size * 1.3, size * 2.6, 0.12), 0.10, inset=0.04, bevel=0.04).move(0, y, r)
             parts.append(plate.rotate(y=45 * i).material("plate" if i % 2 else "trim").warp(
@@ -430,7 +430,7 @@ def pylon_detail(middle):
 
 
 def cowl_detail(tx, tz):
-    slats = [vent(0.7, 0.55, 4, 0.07).move(0, -14.1, 1.62).rotate(y=45 * i).material("trim") for i in range(8)]
+    slats = [vent(0.7, 0.5, 4, 0.07).move(0, -12.6, 1.62).rotate(y=45 * i).material("trim") for i in range(8)]
     return join(*slats).move(tx, 0, tz)
 
 
@@ -523,9 +523,37 @@ def marks(paint):
     paint.hazard(pylon * paint.band("y", -6.5, 0.4), (1, 0.5, 1), 0.7, "stripe", 0.8)
     paint.lamps(paint.part("tower.0") * paint.band("y", 0.46, 0.09) * paint.soft(np.abs(np.mod(np.degrees(np.arctan2(
         paint.pos[..., 0] - TOWER, paint.pos[..., 2] - TOWER)), 45) - 22.5), 7.0))
+    # A line of light at the foot of the parapet, all round the arena.
+    along = np.abs(np.mod(paint.pos[..., 0] + FIELD / 2, FIELD) - FIELD / 2)
+    inner = paint.part("rim") * paint.facing(z=-1, least=0.6) * paint.soft(along, 1.35)
+    paint.lay(inner * paint.band("y", 0.15, 0.19), "dark")
+    paint.lamps(inner * paint.band("y", 0.15, 0.11))
+    # The beacons are lanterns: panes between ribs under a cap.
+    lantern = paint.part("tower.0") * paint.material("light")
+    turn = np.degrees(np.arctan2(paint.pos[..., 0] - TOWER, paint.pos[..., 2] - TOWER))
+    rib = np.abs(np.mod(turn, 45) - 22.5) * np.pi / 180 * np.hypot(paint.pos[..., 0] - TOWER, paint.pos[..., 2] - TOWER)
+    frame = lantern * np.clip(paint.soft(np.abs(rib), 0.05) + paint.above("y", 2.33) + paint.band("y", 2.19, 0.09) + paint.band("y", 1.68, 0.10), 0, 1)
+    paint.lay(frame, "metal")
+    paint.lit *= 1 - frame
     hot = paint.material("hot")
-    depth = smoothstep(-14.2, -18.6, paint.pos[..., 1])
+    depth = smoothstep(-12.8, -18.6, paint.pos[..., 1])
     paint.lay(hot * depth, (0.45, 0.16, 0.10), 0.75)
+
+
+def windows(paint, picture):
+    """Rows of small warm windows in the outer walls: someone lives here."""
+    pos = paint.pos
+    wall = paint.part("rim.p") * paint.facing(z=1, least=0.8) * paint.band("y", 0.125, 0.17)
+    cell = np.mod(pos[..., 0], 0.35) - 0.175
+    along = np.abs(np.mod(pos[..., 0] + FIELD / 2, FIELD) - FIELD / 2)
+    lit = wall * paint.soft(np.abs(cell), 0.105) * paint.soft(along, 1.22)
+    angle = np.degrees(np.arctan2(pos[..., 0] - TOWER, pos[..., 2] - TOWER))
+    tower = paint.part("tower") * (pos[..., 1] > -1.2) * (pos[..., 1] < 0.3) * paint.band("y", 0.13, 0.11)
+    lit = lit + tower * paint.soft(np.abs(np.mod(angle, 7.5) - 3.75), 2.0)
+    number = np.floor(pos[..., 0] / 0.35) * 13 + paint.part("tower") * np.floor(angle / 7.5) * 7
+    awake = (np.mod(number * 0.618034, 1) < 0.78) * 0.75 + 0.25
+    cover = np.clip(lit * awake, 0, 1)[..., None]
+    return picture * (1 - cover) + np.array([1.0, 0.84, 0.52]) * cover
 
 
 def build():
@@ -547,7 +575,8 @@ def main():
     figure.write(maps.uv, low=LOW, step=STEP)
     paint = Paint(figure, maps, PALETTE, 3)
     decorate(paint)
-    write_tga(figure.folder() / "chessboard.tga", paint.finish(dust=0, wear=0.9, grime=0.9, spill=0.5))
+    picture = windows(paint, paint.finish(dust=0, wear=0.9, grime=0.9, spill=0.5))
+    write_tga(figure.folder() / "chessboard.tga", picture)
     write_tga(figure.folder() / "chessboard_normal.tga", paint.normal_picture())
 
 

@@ -29,19 +29,19 @@ def body():
 
 
 def bell():
-    """The whole upper half of the nozzle, outside and inside."""
-    return lathe([(0.30, -5.0), (1.00, -5.95), (1.12, -5.95), (0.52, -4.72)], SIDES, start=15, close=False,
+    """The whole upper part of the nozzle, outside and inside."""
+    return lathe([(0.30, -4.95), (0.94, -5.55), (1.06, -5.55), (0.52, -4.72)], SIDES, start=15, close=False,
                  bands=["hot", "metal", "metal"])
 
 
 def core():
-    """The glowing plug that shows between the petals."""
-    return lathe([(0, -6.9), (0.42, -5.6), (0.30, -4.95)], 6, close=False, bands=["hot", "hot"])
+    """The glowing needle round which the flame stands."""
+    return lathe([(0, MOUTH), (0.12, -5.9), (0.28, -4.95)], 6, close=False, bands=["hot", "hot"])
 
 
 def petal():
-    """One of eight blades of the lower bell, on the +z side."""
-    spine = [(1.06, -5.80, 0.34), (1.34, -6.55, 0.42), (1.55, MOUTH, 0.30)]
+    """One of six blades of the lower bell, on the +z side."""
+    spine = [(1.00, -5.40, 0.26), (1.34, -6.40, 0.30), (1.52, MOUTH, 0.16)]
     v = []
     for r, y, half in spine:
         v += [(-half, y, r - 0.10), (half, y, r - 0.10), (half * 0.94, y, r + 0.04), (-half * 0.94, y, r + 0.04)]
@@ -92,8 +92,8 @@ def build():
     figure.part("body", body(), bevel=0.02, smooth=34, detail=body_detail())
     figure.part("bell", bell(), material="metal", bevel=0.015, smooth=34)
     figure.part("core", core(), material="hot", bevel=0.0, smooth=60, density=0.6)
-    for k in range(8):
-        figure.part(f"petal.{k}", petal().rotate(y=45 * k), material="metal", bevel=0.015, like="petal.0" if k else None, density=1.1)
+    for k in range(6):
+        figure.part(f"petal.{k}", petal().rotate(y=30 + 60 * k), material="metal", bevel=0.015, like="petal.0" if k else None, density=1.1)
     for k in range(4):
         figure.part(f"pipe.{k}", feed_pipe().rotate(y=45 + 90 * k), bevel=0.0, smooth=70, like="pipe.0" if k else None)
         strip_detail = join(*[box(0.34, 0.10, 0.04).move(0, y, 1.03) for y in np.arange(-2.1, 2.4, 0.6)]).material("metal")
