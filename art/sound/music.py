@@ -256,8 +256,8 @@ def play_percussion(band):
 # fmt: off
 # stem: (level in dB, send to the hall in dB)
 MIX = {
-    "pad": (-15.5, -9.0), "drone": (-23.0, -10.0), "bass": (-18.5, -30.0), "strings": (-18.5, -9.0),
-    "flute": (-18.0, -6.0), "counter": (-21.5, -7.0), "bells": (-20.5, -4.0), "clock": (-28.5, -9.0),
+    "pad": (-17.0, -9.0), "drone": (-23.0, -10.0), "bass": (-18.5, -30.0), "strings": (-18.5, -9.0),
+    "flute": (-16.5, -6.0), "counter": (-20.5, -7.0), "bells": (-19.5, -4.0), "clock": (-28.5, -9.0),
     "drum": (-20.5, -22.0), "brush": (-33.0, -10.0), "tide": (-31.0, -6.0),
 }
 # fmt: on
