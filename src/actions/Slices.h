@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 #include "figures/ChessFigure3D.h"
 
@@ -14,9 +15,10 @@ namespace tolvane {
 template <typename StepFunction>
 bool InSlices(float frameTime, StepFunction step) {
     constexpr float longestSlice = 0.001f;
-    const int count = std::max(1, static_cast<int>(std::ceil(frameTime / longestSlice)));
+    const auto count =
+        std::max(std::int64_t{1}, static_cast<std::int64_t>(std::ceil(frameTime / longestSlice)));
     const float slice = frameTime / static_cast<float>(count);
-    for (int i = 0; i < count; ++i)
+    for (std::int64_t i = 0; i < count; ++i)
         if (step(slice))
             return true;
     return false;

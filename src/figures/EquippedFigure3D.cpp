@@ -110,11 +110,15 @@ void EquippedFigure3D::Draw(int renderMode, bool, bool selectionPass, bool blend
 
 void EquippedFigure3D::DrawEffects(bool blending) {
     if (attackActive)
-        attackEmitter->DrawParticles(blending);
+        DrawShots(blending);
     if (damageActive)
         damageEmitter->DrawParticles(blending);
     if (heavyDamageActive)
         heavyDamageEmitter->DrawParticles(blending);
+}
+
+void EquippedFigure3D::DrawShots(bool blending) {
+    attackEmitter->DrawParticles(blending);
 }
 
 void EquippedFigure3D::BeginFadedDrawing(bool blending) const {

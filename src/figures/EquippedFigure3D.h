@@ -33,8 +33,9 @@ protected:
                      SoundManager* withSound);
     ~EquippedFigure3D() = default;
 
-    // The effects that are on, in the figure's own space.
+    // The effects that are on, in the figure's own space; the shots are a part of them.
     virtual void DrawEffects(bool blending);
+    virtual void DrawShots(bool blending);
 
     // What has begun to fade has no shader and is drawn blended.
     void BeginFadedDrawing(bool blending) const;

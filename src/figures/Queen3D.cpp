@@ -82,7 +82,7 @@ void Queen3D::Draw(int renderMode, bool useDisplayLists, bool selectionPass, boo
 
 void Queen3D::DrawEffects(bool blending) {
     if (attackActive)
-        attackEmitter->DrawParticles(blending);
+        DrawShots(blending);
     if (glowActive)
         glowEmitter.DrawParticles(blending);
     if (damageActive)

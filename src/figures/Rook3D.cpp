@@ -1,7 +1,6 @@
 #include "figures/Rook3D.h"
 
 #include "assets/Gl.h"
-#include "assets/ParticleEffect.h"
 #include "figures/FigureValues.h"
 
 namespace tolvane {
@@ -17,14 +16,12 @@ Rook3D::Rook3D(int atColumn, int atRow, Player ofPlayer, FigureType type, MD2_In
     : EquippedFigure3D(atColumn, atRow, ofPlayer, type, ValuesOf(FigureType::Rook), ofInstance, withShader,
                        textures, withSound) {}
 
-void Rook3D::DrawEffects(bool blending) {
-    // One emitter serves both barrels: the right one here, the left one drawn with all others.
-    EquippedFigure3D::DrawEffects(blending);
-    if (!attackActive)
-        return;
+void Rook3D::DrawShots(bool blending) {
+    // One emitter serves both barrels.
+    EquippedFigure3D::DrawShots(blending);
     glPushMatrix();
     glTranslatef(-barrelDistance, 0.0f, 0.0f);
-    attackEmitter->DrawParticles(blending);
+    EquippedFigure3D::DrawShots(blending);
     glPopMatrix();
 }
 

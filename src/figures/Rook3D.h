@@ -12,7 +12,7 @@ public:
            Shader* withShader, TextureHandler* textures, SoundManager* withSound);
 
 protected:
-    void DrawEffects(bool blending) override;
+    void DrawShots(bool blending) override;
 };
 
 }  // namespace tolvane
