@@ -32,19 +32,19 @@ def skeleton():
 
 def head(figure):
     """The mitre in two pieces about the slit, in which a lit core shows; a circlet, a finial, two lappets behind."""
-    shape = lathe([(0.16, 2.0), (0.29, 2.09), (0.335, 2.25), (0.32, 2.38), (0.25, 2.53), (0.14, 2.66), (0.05, 2.74), (0, 2.745)],
+    shape = lathe([(0.16, 2.0), (0.31, 2.09), (0.37, 2.24), (0.355, 2.37), (0.275, 2.53), (0.15, 2.665), (0.05, 2.74), (0, 2.745)],
                   12, start=15)
     up = rotation(z=TILT) @ (0, 1, 0)
     figure.part("face", shape.clip(SLIT - up * GAP / 2, up, cap="light"), "head", bevel=0.012, smooth=45, density=1.2)
     figure.part("mitre", shape.clip(SLIT + up * GAP / 2, -up, cap="light"), "cap", bevel=0.012, smooth=45, density=1.2)
-    figure.part("core", lathe([(0.20, 2.18), (0.235, 2.36), (0.12, 2.56)], 8, close=False), "head", material="light", bevel=0)
+    figure.part("core", lathe([(0.22, 2.18), (0.265, 2.36), (0.13, 2.56)], 8, close=False), "head", material="light", bevel=0)
     figure.part("finial", ball(0.062, 7, 4).move(0, 2.768, 0), "cap", material="metal", bevel=0, smooth=60)
-    circlet = lathe([(0.27, 2.04), (0.325, 2.085), (0.345, 2.15), (0.30, 2.16)], 12, start=15, close=False)
+    circlet = lathe([(0.28, 2.03), (0.345, 2.075), (0.37, 2.14), (0.33, 2.155)], 12, start=15, close=False)
     figure.part("circlet", circlet, "head", material="metal", bevel=0.008, smooth=33)
     lappet = plate([(-0.065, -0.46), (0.0, -0.52), (0.065, -0.46), (0.045, 0.02), (-0.045, 0.02)], 0.03)
     lappet = lappet.drop(lambda c, n: n[1] > 0.9).rotate(x=-13)
     for side, sign in (("R", 1), ("L", -1)):
-        figure.part(f"lappet.{side}", lappet.rotate(z=sign * 9).move(sign * 0.105, 2.12, 0.345), "lappets", bevel=0.006)
+        figure.part(f"lappet.{side}", lappet.rotate(z=sign * 9).move(sign * 0.105, 2.11, 0.37), "lappets", bevel=0.006)
 
 
 def panel(arc, centre, low, r_low, swell=0.40):
@@ -103,8 +103,8 @@ def legs(figure):
     figure.pair("thigh", thigh.rotate(x=90).move(0, 0.25, 0).aim(HIP, KNEE), "thigh", material="metal", bevel=0.015)
     knee = lathe([(0.06, 0), (0.085, 0.04), (0.085, 0.14), (0.06, 0.18)], 7).rotate(z=-90).move(KNEE[0] - 0.09, KNEE[1], KNEE[2])
     figure.pair("knee", knee, "shin", material="metal", bevel=0.01)
-    shin = prism([(-0.06, 0.27), (-0.12, 0.14), (-0.10, -0.20), (-0.13, -0.27), (0.13, -0.27), (0.10, -0.20), (0.12, 0.14),
-                  (0.06, 0.27)], 0.20, front=0.80, back=0.62).rotate(x=-19).move(KNEE[0] + 0.015, 0.40, -0.04)
+    shin = prism([(-0.06, 0.28), (-0.12, 0.14), (-0.09, -0.22), (-0.12, -0.32), (0.12, -0.32), (0.09, -0.22), (0.12, 0.14),
+                  (0.06, 0.28)], 0.21, front=0.80, back=0.62).rotate(x=-19).move(KNEE[0] + 0.015, 0.40, -0.04)
     figure.pair("shin", shin, "shin", bevel=0.018)
     foot = prism([(-0.05, -0.30), (0.05, -0.30), (0.13, -0.10), (0.11, 0.18), (0.06, 0.22), (-0.06, 0.22), (-0.11, 0.18),
                   (-0.13, -0.10)], 0.14, front=0.58).rotate(x=-90).move(ANKLE[0], 0.07, ANKLE[2] - 0.05)

@@ -41,8 +41,8 @@ def skeleton():
     rig = Rig().bone("root", (0, 0, 0)).bone("hull", (0, 0.35, 0), "root").bone("tower", (0, 0.70, 0), "hull")
     rig.bone("crown", (0, 1.80, 0), "tower").bone("beacon", (0, 2.1, 0), "crown").bone("shield", (0, 0.64, -0.66), "hull")
     for i in range(6):
-        a = math.radians(30 + 60 * i)
-        rig.bone(f"merlon{i}", (0.62 * math.sin(a), 2.2, 0.62 * math.cos(a)), "crown")
+        a = math.radians(60 * i)
+        rig.bone(f"merlon{i}", (0.69 * math.sin(a), 2.1, 0.69 * math.cos(a)), "crown")
     for side, sign in (("R", 1), ("L", -1)):
         rig.bone(f"sponson.{side}", (sign * 0.75, 0.85, 0.1), "hull")
         rig.bone(f"cannon.{side}", (sign * MOUTH_X, 0.80, 0.1), f"sponson.{side}")
@@ -77,15 +77,15 @@ def tower(figure):
     rib = rib.warp(lambda x, y, z: (x, y, z + 0.575 + 0.32 * max(0.0, 1.05 - y) ** 1.4))
     for i, heading in enumerate((45, 135, 225, 315)):
         figure.part(f"rib{i}", rib.rotate(y=heading), "tower", material="metal", bevel=0.012, like="rib0" if i else None)
-    crown = lathe([(0.55, 1.62), (0.69, 1.84), (0.72, 1.90), (0.72, 2.12), (0.56, 2.12), (0.55, 1.97), (0.24, 1.97)], 12,
+    crown = lathe([(0.55, 1.62), (0.75, 1.82), (0.80, 1.88), (0.80, 2.04), (0.62, 2.04), (0.61, 1.86), (0.20, 1.86)], 12,
                   start=15, close=False, bands=["trim", "metal", "plate", "plate", "dark", "dark"])
     under = lathe([(0, 1.62), (0.55, 1.62)], 12, start=15, close=False).material("dark")
     figure.part("crown", crown + under, "crown", bevel=0.015, smooth=33)
-    figure.part("beacon", lathe([(0.26, 1.96), (0.24, 2.06), (0.15, 2.10), (0.13, 2.22), (0, 2.28)], 8, close=False,
+    figure.part("beacon", lathe([(0.22, 1.85), (0.20, 1.92), (0.11, 1.95), (0.09, 2.04), (0, 2.08)], 7, close=False,
                                 bands=["trim", "trim", "light", "light"]), "beacon", bevel=0.0)
-    merlon = box(0.375, 0.40, 0.19, top=(0.93, 0.86)).drop(lambda c, n: n[1] < -0.9).move(0, 2.30, 0.625)
+    merlon = box(0.42, 0.48, 0.20, top=(0.93, 0.86)).drop(lambda c, n: n[1] < -0.9).move(0, 2.26, 0.69)
     for i in range(6):
-        figure.part(f"merlon{i}", merlon.rotate(y=30 + 60 * i), f"merlon{i}", bevel=0.02, like="merlon0" if i else None,
+        figure.part(f"merlon{i}", merlon.rotate(y=60 * i), f"merlon{i}", bevel=0.02, like="merlon0" if i else None,
                     density=1.15)
 
 
@@ -198,12 +198,12 @@ def death(p, i):
     p.turn("tower", x=13 * sag, z=8 * sag).move("tower", y=-0.24 * sag)
     slide = keys(i, (0, 0), (1, 0.04), (3, 0.42, ease_in), (5, 1, ease_in), (6, 1.03), (8, 1.12, ease_out))
     drop = keys(i, (0, 0), (2, 0.06), (5, 1, ease_in), (6, 0.88), (7, 1.0, ease_in))
-    p.throw("crown", x=0.22 * slide, y=0.10 * sag * (1 - slide) - 1.04 * drop, z=1.02 * slide,
+    p.throw("crown", x=0.22 * slide, y=0.10 * sag * (1 - slide) - 1.00 * drop, z=1.02 * slide,
             turn=(104 * keys(i, (0, 0), (2, 0.06), (5, 0.92, ease_in), (8, 1)), 0, -14 * slide))
-    for k, (away, spin) in enumerate((((0.55, -0.9, -0.10), 110), ((-0.50, -0.9, 0.30), -95))):
+    for k, (away, spin) in enumerate((((0.55, 0, 0.10), 110), ((-0.50, 0, 0.35), -95))):
         fall = keys(i, (0, 0), (2, 0), (5, 1, ease_in))
         out = keys(i, (0, 0), (1, 0.05), (5, 0.9, linear), (8, 1, ease_out))
-        p.throw(f"merlon{(1, 4)[k]}", away[0] * out, 0.25 * (out - fall) - 2.05 * fall, away[2] * out,
+        p.throw(f"merlon{(1, 5)[k]}", away[0] * out, 0.25 * (out - fall) - 2.05 * fall, away[2] * out,
                 (spin * out * 0.8, 0, -spin * out))
     p.turn("shield", x=-78 * keys(i, (0, 0), (2, 0.05), (5, 1, ease_in), (6, 0.93), (7, 1)))
     for side, sign in (("R", 1), ("L", -1)):
@@ -223,10 +223,13 @@ def decorate(paint, army):
     wall = paint.part("tower") * paint.material("plate")
     paint.courses(wall, (0.78, 0.96, 1.14, 1.32, 1.50), 10)
     crown = paint.part("crown") * paint.material("plate")
-    paint.courses(crown * (1 - paint.facing(y=1)), (1.90, 2.02, 2.115), 12, 0.012)
+    paint.courses(crown * (1 - paint.facing(y=1)), (1.885, 1.96, 2.035), 12, 0.012)
     blank = paint.part("shield", "sponson", "hull", "fender", "engine", "merlon")
     paint.lines(paint.inset(0.045, 0.011) * blank * paint.material("plate", "trim"))
-    paint.lay(paint.part("merlon") * paint.facing(y=1), "metal" if white else "trim", 0.9)
+    tops = paint.part("merlon") * paint.facing(y=1)
+    paint.lay(tops, "edge", 0.8 if white else 0.5)
+    paint.lay(tops * (1 - paint.inset(0.02)), "metal", 0.9 if white else 0.4)
+    paint.lay(paint.band("y", 2.07, 0.05) * paint.part("merlon"), "metal", 0.9)
     paint.lay(paint.part("fender") * paint.inset(0.03), "stripe" if white else "trim", 0.0 if white else 0.7)
 
     for heading in SLITS:
@@ -241,8 +244,8 @@ def decorate(paint, army):
         paint.lay(rim * here, "metal").lamps(cross * here)
     deck = np.hypot(paint.pos[:, :, 0], paint.pos[:, :, 2])
     floor = paint.part("crown") * paint.material("dark") * paint.facing(y=1)
-    paint.lay(floor * paint.soft(abs(deck - 0.44), 0.035), "metal", 0.8)
-    paint.lamps(floor * paint.soft(abs(deck - 0.33), 0.022))
+    paint.lay(floor * paint.soft(abs(deck - 0.50), 0.035), "metal", 0.8)
+    paint.lay(floor * paint.soft(abs(deck - 0.36), 0.016), "stripe", 0.7)
 
     face, up = (0, 1.0, -0.74), (0, 1, 0)
     if white:
@@ -267,7 +270,7 @@ def decorate(paint, army):
                  "stripe", 0.8)
     for angle in range(0, 360, 30):
         out = rotation(y=angle + 15) @ (0, 0, 1)
-        paint.rivets([(0.725 * out[0], 2.07, 0.725 * out[2])], 0.018, paint.part("crown"))
+        paint.rivets([(0.80 * out[0], 2.0, 0.80 * out[2])], 0.018, paint.part("crown"))
     return {"spill": 0.10, "wear": 1.0 if white else 0.75}
 
 
