@@ -272,6 +272,44 @@ def comb(x, milliseconds, feedback, circle=False):
     return _through(np.concatenate((x, np.zeros(len(x)))), response)[: len(x)]
 
 
+# Building stones that several machines share
+
+
+def thump(seconds, high, low, half_life, drop=0.03):
+    """A blow one feels: a sine that falls from high to low within about drop and dies away."""
+    t = clock(seconds)
+    return sine(low + (high - low) * 0.5 ** (t / drop), seconds) * decay(seconds, half_life, 0.0015)
+
+
+def click(seconds, low, high, half_life, rng):
+    """A hard contact: a very short burst of noise in a band."""
+    return level(filtered(noise(seconds, rng), band(low, high, 2)) * decay(seconds, half_life, 0.0003))
+
+
+def crackle(rate, rng, low=1500.0, high=9000.0):
+    """Sparks: single discharges of random strength; rate is a signal, in discharges a second."""
+    hits = (
+        (rng.uniform(0, 1, len(rate)) < rate / RATE) * rng.exponential(1.0, len(rate)) * rng.choice((-1, 1), len(rate))
+    )
+    sharp = filtered(hits, band(low, high, 1))
+    return sharp / (np.max(np.abs(sharp)) + 1e-9)
+
+
+def servo(seconds, pitch, rng, bright=2500.0):
+    """A small geared motor that follows the pitch signal: whine, gear teeth, brush noise."""
+    whine = pulse(pitch, seconds, 0.3) + 0.5 * saw(pitch * 2.98, seconds)
+    teeth = 0.4 * sine(pitch * 7.1, seconds) * (0.6 + 0.4 * sine(pitch / 6, seconds))
+    brush = 0.5 * noise(seconds, rng) * (0.5 + 0.5 * sine(pitch / 3, seconds))
+    return filtered(whine + teeth + brush, band(350, bright, 1), boost(1400, 1.5, 6))
+
+
+def rumble(seconds, rng, low, high, roughness=3.0):
+    """Falling masses: low noise whose strength shakes."""
+    shake = np.abs(filtered(noise(seconds, rng), below(18, 2)))
+    shake /= np.max(shake)
+    return level(drive(level(filtered(noise(seconds, rng), band(low, high, 2)) * (0.3 + shake)), roughness))
+
+
 # Space
 
 
