@@ -34,6 +34,12 @@ FACES = {
 # The band of the nebula: it passes low behind Black's side, where the starting camera looks, and high behind White's.
 BAND_NORMAL = np.array([0.33, 0.90, -0.27]) / np.linalg.norm([0.33, 0.90, -0.27])
 
+# The board is looked down upon, so the band sags below the plane that its normal tells.
+BAND_SAG = 0.07
+
+# A fainter, bluer arm crosses the depths behind White, where the camera looks from Black's side.
+ARM_NORMAL = np.array([-0.34, 0.86, 0.36]) / np.linalg.norm([-0.34, 0.86, 0.36])
+
 # Where young stars crowd: direction, spread in radians, number of stars, colour.
 CLUSTERS = (
     ((-0.46, -0.17, -0.87), 0.050, 150, (0.78, 0.86, 1.00)),
@@ -153,7 +159,7 @@ class Nebula:
         """What changes slowly: height over the band, folds of space, and the large masses, stacked in one array."""
         fold = np.stack([layered(noise, direction * 1.7 + 5, 4) for noise in self.noise[:3]], axis=-1)
         bent = direction + 0.42 * fold
-        height = bent @ BAND_NORMAL.astype(np.float32)
+        height = bent @ BAND_NORMAL.astype(np.float32) + np.float32(BAND_SAG)
         mass = layered(self.noise[3], bent * 2.3, 4)
         hue = layered(self.noise[0], bent * 1.15 + 31, 3)
         far = layered(self.noise[1], direction * 1.3 + 17, 3)
@@ -179,6 +185,9 @@ class Nebula:
             0.12, 0.26, dust_field + 0.16 * dust_place
         )
 
+        arm = np.exp(-(((bent @ ARM_NORMAL.astype(np.float32)) / 0.24) ** 2)) * (1 - band)
+        arm = arm * smoothstep(-0.35, 0.40, 0.30 * fine - mass) * (0.45 + 0.75 * smoothstep(0.45, 0.85, crests))
+
         warm = smoothstep(-0.15, 0.40, hue)[..., None]
         cool = smoothstep(0.05, 0.45, -hue)[..., None]
         violet = colour(0.250, 0.080, 0.420)
@@ -190,6 +199,7 @@ class Nebula:
         glow = glow + colour(0.004, 0.003, 0.009)
         light = glow + (0.78 * lit)[..., None] * body
         light = light + (0.34 * heart * cloud * threads)[..., None] * colour(0.55, 0.32, 0.62)
+        light = light + (0.85 * arm)[..., None] * (0.45 * indigo + 0.55 * violet)
         light = light * (1 - 0.80 * dust)[..., None]
         light = light + (0.26 * np.clip(rim, 0, 1) * cloud)[..., None] * colour(0.62, 0.20, 0.44)
 
