@@ -480,6 +480,7 @@ def stones(paint):
         for scale, seed, width, strength, tone in veins:
             vein = np.abs(fractal(bend / scale + seed, 5, seed) - 0.5)
             patch.lay(np.exp(-vein / width), tone, strength)
+        paint.color[patch.at] *= (1 + 0.16 * (fractal(patch.pos / 0.05 + 65, 2, 65) - 0.5))[:, None]
         speck = smoothstep(0.70, 0.80, fractal(patch.pos / 0.055 + 67, 2, 67))
         patch.lay(speck, veins[0][4], 0.3)
         worn = smoothstep(0.15, 0.6, paint.maps.edge[patch.at]) * smoothstep(0.3, 0.6, fractal(patch.pos / 0.3 + 69, 3, 69))

@@ -21,11 +21,11 @@ PALETTE = {
 
 
 def body():
-    """Throat, pump, tank and dome in one turned shape."""
+    """A quarter of throat, pump, tank and dome; the joints between quarters lie under the strakes."""
     profile = [(0.46, -4.75), (0.86, -4.45), (0.86, -3.55), (0.62, -3.35), (0.62, -2.95), (0.90, -2.70), (0.90, 2.75), (0.70, 3.00),
                (0.70, 3.30), (0.86, 3.45), (0.74, 4.05), (0.36, 4.45), (0.10, 4.55), (0, 5.05)]
     bands = ["metal", "trim", "dark", "dark", "metal", "plate", "metal", "dark", "metal", "trim", "plate", "plate", "chrome"]
-    return lathe(profile, SIDES, start=15, close=False, bands=bands)
+    return lathe(profile, SIDES // 4, start=0, arc=90, close=False, bands=bands)
 
 
 def bell():
@@ -61,7 +61,7 @@ def body_detail():
     for k in range(12):
         turn = 30 * k
         parts.append(rivets([(0, y, 0.945) for y in (-2.2, -0.2, 1.8)], (0, 0, 1), 0.035).rotate(y=turn).material("chrome"))
-    for turn in (45, 135, 225, 315):
+    for turn in (45,):
         parts.append(vent(0.34, 0.62, 6, 0.05).move(0, -4.0, 0.83).rotate(y=turn).material("trim"))
         parts.append(plate(chamfered(0.36, 1.1, 0.06), 0.06, 0.02).move(0, 0.8, 0.88).rotate(y=turn).material("trim"))
         parts.append(vent(0.26, 0.5, 5, 0.04).move(0, -1.3, 0.885).rotate(y=turn).material("trim"))
@@ -89,16 +89,18 @@ def strake():
 
 def build():
     figure = Figure("engine", 0.3, seed=21, home="engine")
-    figure.part("body", body(), bevel=0.02, smooth=34, detail=body_detail())
+    for k in range(4):
+        figure.part(f"body.{k}", body().rotate(y=90 * k), bevel=0.02, smooth=34, detail=None if k else body_detail(),
+                    like="body.0" if k else None, density=1.5)
     figure.part("bell", bell(), material="metal", bevel=0.015, smooth=34)
     figure.part("core", core(), material="hot", bevel=0.0, smooth=60, density=0.6)
     for k in range(6):
         figure.part(f"petal.{k}", petal().rotate(y=30 + 60 * k), material="metal", bevel=0.015, like="petal.0" if k else None, density=1.1)
     for k in range(4):
-        figure.part(f"pipe.{k}", feed_pipe().rotate(y=45 + 90 * k), bevel=0.0, smooth=70, like="pipe.0" if k else None)
+        figure.part(f"pipe.{k}", feed_pipe().rotate(y=45 + 90 * k), bevel=0.0, smooth=70, like="pipe.0" if k else None, density=0.7)
         strip_detail = join(*[box(0.34, 0.10, 0.04).move(0, y, 1.03) for y in np.arange(-2.1, 2.4, 0.6)]).material("metal")
         figure.part(f"strake.{k}", strake().rotate(y=90 * k), material="trim", bevel=0.02, detail=None if k else strip_detail,
-                    like="strake.0" if k else None, density=0.9)
+                    like="strake.0" if k else None, density=0.7)
     for number, (y, turn) in enumerate(((3.3, 0), (3.3, 180), (-3.3, 0), (-3.3, 180))):
         figure.part(f"clamp.{number}", clamp().move(0, y, 0).rotate(y=turn), material="trim", bevel=0.02,
                     like="clamp.0" if number else None)
@@ -113,16 +115,22 @@ def decorate(paint):
     for y in (-1.2, 0.8):
         paint.lines(body_mask * paint.band("y", y, 0.025) * paint.material("plate"))
     angle = np.degrees(np.arctan2(paint.pos[..., 0], paint.pos[..., 2]))
-    seam = np.abs(np.mod(angle + 22.5, 45) - 22.5) * np.pi / 180 * 0.9
+    seam = np.abs(np.mod(angle + 15, 30) - 15) * np.pi / 180 * 0.9
     paint.lines(body_mask * paint.material("plate") * paint.soft(seam, 0.012) * paint.above("y", -2.6))
     paint.lay(body_mask * paint.band("y", 2.25, 0.36) * paint.material("plate"), "stripe", 0.9)
     paint.hazard(body_mask * paint.band("y", -2.48, 0.22) * paint.material("plate"), (1, 1, 1), 0.3, "stripe")
-    for turn in (22.5, 112.5, 202.5, 292.5):
+    for turn, words, y, height in ((15, "PLASMA", 0.35, 0.17), (75, "64", -1.75, 0.26), (15, "64", -1.75, 0.26), (75, "CRYO", 0.35, 0.17)):
         out = np.array([np.sin(np.radians(turn)), 0, np.cos(np.radians(turn))])
-        right = np.array([out[2], 0, -out[0]])
-        paint.text("PLASMA", out * 0.9 + (0, 0.35, 0), -np.array([0, 1, 0]), right, 0.17, parts=("body",))
-        paint.text("64", out * 0.9 + (0, -1.75, 0), right, (0, 1, 0), 0.24, parts=("body",))
-        paint.lamps(paint.part("body") * paint.near(out * 0.88 + (0, 3.62, 0), 0.09))
+        right, up = np.array([out[2], 0, -out[0]]), np.array([0, 1, 0])
+        along, across = (right, up) if len(words) == 2 else (-up, right)
+        paint.text(words, out * 0.87 + (0, y, 0), along, across, height, parts=("body",))
+        paint.lamps(paint.part("body") * paint.near(out * 0.84 + (0, 3.62, 0), 0.08))
+    bell_mask = paint.part("bell") * paint.material("metal")
+    for y in (-4.98, -5.26):
+        paint.lines(bell_mask * paint.band("y", y, 0.03))
+    cooling = np.abs(np.mod(angle, 7.5) - 3.75) * np.pi / 180 * np.hypot(paint.pos[..., 0], paint.pos[..., 2])
+    paint.lay(bell_mask * paint.soft(cooling, 0.014) * (paint.pos[..., 1] < -4.98), "line", 0.45)
+    paint.lay(bell_mask * smoothstep(-5.30, -5.56, paint.pos[..., 1]), "dark", 0.35)
     heat = smoothstep(-5.6, -6.9, paint.pos[..., 1]) * paint.part("petal", "bell") * (1 - paint.material("hot"))
     paint.lay(heat, (0.30, 0.20, 0.22), 0.55)
     paint.lay(heat * smoothstep(0.45, 0.7, paint.grain(0.3, 3, 5)), (0.34, 0.26, 0.50), 0.5)

@@ -9,7 +9,7 @@ import numpy as np
 sys.path.insert(0, str(Path(__file__).resolve().parent))
 from kit import *  # noqa: E402,F403
 
-SIDES = 20
+SIDES, SECTORS = 20, 5
 LAMPS = 10
 FRAMES = 12
 
@@ -22,26 +22,26 @@ PALETTE = {
 
 
 def hull():
-    """The disc from the lens below to the collar of the dome."""
+    """A fifth of the disc, from the lens below to the collar of the dome."""
     profile = [(0, -0.10), (0.42, -0.10), (0.50, -0.02), (0.56, 0.05), (1.20, 0.10), (1.90, 0.30), (2.20, 0.43), (2.20, 0.51), (1.85, 0.65),
                (1.00, 0.86), (0.86, 0.98)]
     bands = ["light", "metal", "dark", "trim", "plate", "trim", "chrome", "plate", "plate", "metal"]
-    return lathe(profile, SIDES, close=False, bands=bands)
+    return lathe(profile, SIDES // SECTORS, start=-180 / SECTORS, arc=360 / SECTORS, close=False, bands=bands)
 
 
 def hull_detail():
+    """Rivets along the panels, a grille and two hatches above, grilles below, the collar of the lens."""
     parts = []
-    for k in range(SIDES):
-        turn = 360.0 * k / SIDES
-        parts.append(rivets([(0, 0.655 + (1.85 - r) * 0.247, r) for r in (1.12, 1.75)], (0, 0.97, 0.24), 0.028).rotate(
-            y=turn + 9).material("chrome"))
-        if k % 4 == 0:
-            parts.append(vent(0.34, 0.26, 5, 0.04).rotate(x=-76).move(0, 0.765, 1.43).rotate(y=turn + 18).material("trim"))
-        if k % 4 == 2:
-            parts.append(plate(chamfered(0.36, 0.40, 0.08), 0.05, 0.02).rotate(x=-76).move(0, 0.755, 1.43).rotate(y=turn + 18).material("stripe"))
-        if k % 2 == 0:
-            parts.append(vent(0.22, 0.30, 4, 0.04).rotate(x=104).move(0, 0.185, 1.55).rotate(y=turn).material("trim"))
-    parts.append(lathe([(0.62, 0.055), (0.62, 0.03), (0.72, 0.03), (0.72, 0.065)], 32, close=False).material("metal"))
+    for turn in (-27, -9, 9, 27):
+        parts.append(rivets([(dx, 0.655 + (1.85 - r) * 0.247, r) for r in (1.10, 1.36, 1.50, 1.77) for dx in (-0.14 * r, 0.14 * r)],
+                            (0, 0.97, 0.24), 0.022).rotate(y=turn).material("chrome"))
+    parts.append(vent(0.46, 0.22, 6, 0.04).rotate(x=-76).move(0, 0.785, 1.34).material("trim"))
+    for turn in (-23, 23):
+        parts.append(plate(chamfered(0.34, 0.30, 0.07), 0.05, 0.02).rotate(x=-76).move(0, 0.755, 1.46).rotate(y=turn).material("stripe"))
+        parts.append(box(0.20, 0.02, 0.03).rotate(x=14).move(0, 0.79, 1.46).rotate(y=turn).material("chrome"))
+        parts.append(vent(0.26, 0.34, 5, 0.04).rotate(x=104).move(0, 0.185, 1.55).rotate(y=turn).material("trim"))
+    parts.append(plate(chamfered(0.44, 0.40, 0.10), 0.04, 0.02).rotate(x=104).move(0, 0.175, 1.50).material("trim"))
+    parts.append(lathe([(0.62, 0.055), (0.62, 0.03), (0.72, 0.03), (0.72, 0.065)], 64, close=False).material("metal"))
     return join(*parts)
 
 
@@ -69,7 +69,9 @@ def rig():
 
 def build():
     figure = Figure("ufo", 0.25, rig(), seed=51, home="ufo")
-    figure.part("hull", hull(), bevel=0.02, smooth=32, detail=hull_detail())
+    for k in range(SECTORS):
+        figure.part(f"hull.{k}", hull().rotate(y=360 / SECTORS * k), bevel=0.02, smooth=32, detail=None if k else hull_detail(),
+                    like="hull.0" if k else None)
     figure.part("dome", dome(), material="glass", bevel=0.0, smooth=50, density=1.3)
     kinds = ("light", "red")
     for k in range(LAMPS):
@@ -109,16 +111,12 @@ def decorate(paint):
     paint.lay(top * paint.soft(np.abs(radius - 1.14), 0.035), "stripe", 0.8)
     # Concentric rings of the lens, and the lamps of the underside.
     lens = hull_mask * paint.material("light")
-    paint.lay(lens * paint.soft(np.abs(np.mod(radius, 0.12) - 0.06), 0.012), (0.30, 0.55, 0.80))
+    rings = lens * np.clip(paint.soft(np.abs(np.mod(radius, 0.11) - 0.055), 0.012) + paint.soft(radius, 0.06), 0, 1)
+    paint.lay(rings, (0.16, 0.38, 0.66))
+    paint.lit *= 1 - rings
     dots = np.hypot((np.mod(angle / (2 * np.pi) * 15, 1) - 0.5) / 15 * 2 * np.pi * radius, radius - 1.05)
     paint.lamps(below * paint.soft(dots, 0.045))
-    for k in range(2):
-        glyph_angle = 2 * np.pi * (k / 2 + 0.05)
-        out = np.array([np.sin(glyph_angle), 0, np.cos(glyph_angle)])
-        centre = out * 1.63 + np.array([0, 0.70, 0])
-        right = np.array([out[2], 0, -out[0]])
-        up = np.cross(np.array([0, 1, 0]) + out * 0.2, right)
-        paint.text("SCRAP-9", centre, right, up, 0.15, depth=0.12, parts=("hull",))
+    paint.text("SCRAP-9", (0, 0.68, 1.70), (1, 0, 0), (0, 0.2, -1), 0.12, depth=0.12, parts=("hull",))
     glass(paint, angle)
 
 
@@ -135,8 +133,8 @@ def glass(paint, angle):
         head = np.hypot(u / 0.20, (v - 0.02) / 0.17) - 1
         chin = np.hypot(u / 0.11, (v + 0.11) / 0.13) - 1
         body = np.hypot(u / 0.26, (v + 0.30) / 0.14) - 1
-        figure = np.minimum(np.minimum(head, chin), body)
-        paint.lay(here * np.clip(0.5 - figure * 9, 0, 1), (0.36, 0.62, 0.42), 0.9)
+        pilot = np.minimum(np.minimum(head, chin), body)
+        paint.lay(here * np.clip(0.5 - pilot * 9, 0, 1), (0.36, 0.62, 0.42), 0.9)
         for s in (-1, 1):
             eu, ev = u - s * 0.085, v + 0.01
             eye = np.hypot((eu * 0.88 + ev * 0.47 * s) / 0.062, (ev * 0.88 - eu * 0.47 * s) / 0.042) - 1
