@@ -11,10 +11,10 @@ from kit import *
 SPEED = 0.9
 CYCLE = 12
 HIP, KNEE, ANKLE = (0.34, 1.28, 0.02), (0.43, 0.74, -0.16), (0.47, 0.19, 0.08)
-SHOULDER, ELBOW, WRIST = (0.66, 2.20, 0.03), (0.88, 1.74, 0.12), (0.93, 1.38, -0.30)
-GRIP = np.array((0.93, 1.30, -0.36))
+SHOULDER, ELBOW, WRIST = (0.66, 2.20, 0.03), (0.92, 1.76, 0.10), (1.03, 1.40, -0.36)
+GRIP = np.array((1.04, 1.32, -0.44))
 REACTOR = (0, 1.70, 0.60)
-HAMMER = 2.16  # height of the mace's head while its butt stands on the floor
+HAMMER = 2.30  # height of the mace's head while its butt stands on the floor
 BREAKS = 5.0  # frame of the last death in which the fire has torn off everything
 
 
@@ -36,7 +36,7 @@ def crown(figure):
     band = lathe([(0.29, 2.69), (0.385, 2.71), (0.43, 2.90), (0.37, 2.90), (0.33, 2.81)], 10, start=18, close=False,
                  bands=["metal", "plate", "metal", "dark"])
     figure.part("band", band, "crown", bevel=0.01, smooth=40, density=1.2)
-    point = plate([(-0.10, 0), (0.10, 0), (0.155, 0.15), (0, 0.31), (-0.155, 0.15)], 0.055)
+    point = plate([(-0.10, 0), (0.10, 0), (0.145, 0.13), (0, 0.34), (-0.145, 0.13)], 0.055)
     point = point.drop(lambda c, n: n[1] < -0.9).rotate(x=14).move(0, 2.875, 0.385)
     for i in range(6):
         figure.part(f"point{i}", point.rotate(y=60 * i), "crown", material="metal", bevel=0.008, like="point0" if i else None,
@@ -49,13 +49,13 @@ def crown(figure):
             (0.235, -0.085), (0.075, -0.045), (0.045, -0.055), (0.095, -0.235), (-0.095, -0.235), (-0.045, -0.055),
             (-0.075, -0.045), (-0.235, -0.085), (-0.235, 0.085), (-0.075, 0.045), (-0.045, 0.055)]
     outline = [p for k, p in enumerate(arms) if k not in (0, 3, 5, 8, 12, 17)]
-    cross = prism(outline, 0.13).move(0, 3.37, 0)
+    cross = prism(outline, 0.12).scale(1.18).move(0, 3.39, 0)
     figure.part("cross", cross, "cross", material="metal", bevel=0.014, density=1.5)
 
 
 def helmet(figure):
     helm = lathe([(0.23, 2.40), (0.285, 2.56), (0.30, 2.76)], 8, start=22.5, close=False).scale(0.96, 1, 1.04)
-    figure.part("helm", helm, "head", bevel=0.012, smooth=40, density=1.3)
+    figure.part("helm", helm, "head", bevel=0.012, smooth=50, density=1.3)
     visor = loft([section([(-0.235, -0.02), (-0.09, -0.12), (0.09, -0.12), (0.235, -0.02), (0.235, 0.10), (-0.235, 0.10)],
                           (0, 2.60, -0.20), (0, 0, -1)),
                   section([(-0.15, -0.04), (-0.05, -0.15), (0.05, -0.15), (0.15, -0.04), (0.17, 0.08), (-0.17, 0.08)],
@@ -67,13 +67,16 @@ def helmet(figure):
 
 
 def torso(figure):
-    hull = lathe([(0.30, 1.42), (0.37, 1.66), (0.50, 2.06), (0.47, 2.28), (0.20, 2.44)], 10, start=18, close=False,
-                 bands=["trim", "plate", "plate", "plate"]).scale(1.15, 1, 0.86)
-    figure.part("torso", hull, "chest", bevel=0.015, smooth=35)
+    hull = lathe([(0.36, 1.42), (0.42, 1.66), (0.52, 2.06), (0.47, 2.28), (0.20, 2.44), (0, 2.41)], 10, start=18, close=False,
+                 bands=["trim", "plate", "plate", "plate", "dark"]).scale(1.15, 1, 0.86)
+    ribs = join(*[lathe([(0.365 + 0.022 * k, 1.46 + 0.075 * k), (0.385 + 0.022 * k, 1.485 + 0.075 * k), (0.375 + 0.022 * k, 1.51 + 0.075 * k)],
+                        20, close=False) for k in range(3)]).scale(1.13, 1, 0.85).material("metal")
+    vents = join(*[vent(0.20, 0.16, 4).rotate(x=-12).rotate(y=180 + s * 38).move(s * 0.31, 1.78, -0.285) for s in (-1, 1)])
+    figure.part("torso", hull, "chest", bevel=0.015, smooth=48, detail=ribs + vents)
     breast = plate([(-0.30, 0.25), (-0.40, 0.02), (-0.20, -0.26), (0, -0.36), (0.20, -0.26), (0.40, 0.02), (0.30, 0.25)], 0.14, 0.06).drop(lambda c, n: n[2] < -0.9).rotate(y=180).rotate(x=-6)
     figure.part("breast", breast.move(0, 2.08, -0.42), "chest", bevel=0.015, detail=rivets(
         [(x, 2.24 - abs(x) * 0.1, -0.475) for x in (-0.30, 0.30)], (0, 0, -1), 0.025))
-    figure.part("belt", lathe([(0.39, 1.24), (0.42, 1.40), (0.28, 1.48)], 10, start=18, close=False,
+    figure.part("belt", lathe([(0.42, 1.22), (0.45, 1.40), (0.30, 1.48)], 10, start=18, close=False,
                               bands=["metal", "dark"]).scale(1.08, 1, 0.92), "body", bevel=0.012)
     tabard = plate([(-0.20, 0.0), (-0.25, -0.52), (0, -0.72), (0.25, -0.52), (0.20, 0.0)], 0.06)
     figure.part("tabard", tabard.rotate(y=180).rotate(x=6).move(0, 1.36, -0.40), "tabard", bevel=0.008)
@@ -88,7 +91,8 @@ def torso(figure):
 def back(figure):
     drum = lathe([(0.34, 0.0), (0.34, 0.16), (0.25, 0.24), (0.15, 0.16), (0, 0.30)], 10, close=False,
                  bands=["metal", "plate", "dark", "light"])
-    figure.part("reactor", drum.rotate(x=90).move(0, 1.70, 0.31), "reactor", bevel=0.01, density=1.1)
+    bolts = rivets([(0.295 * np.sin(a), 1.70 + 0.295 * np.cos(a), 0.512) for a in np.radians(np.arange(15, 360, 30))], (0, 0, 1), 0.022)
+    figure.part("reactor", drum.rotate(x=90).move(0, 1.70, 0.31), "reactor", bevel=0.01, density=1.1, detail=bolts.material("metal"))
     stack = lathe([(0.075, 0.0), (0.10, 0.40), (0.10, 0.54), (0, 0.44)], 6, close=False, bands=["trim", "metal", "dark"]).rotate(x=14)
     for side, sign in (("R", 1), ("L", -1)):
         figure.part(f"stack.{side}", stack.rotate(z=-sign * 8).move(sign * 0.20, 2.10, 0.42), "chest", bevel=0.008,
@@ -106,18 +110,20 @@ def arms(figure):
     dome = lathe([(0.42, -0.14), (0.41, 0.02), (0.28, 0.22), (0, 0.31)], 8, close=False, bands=["metal", "plate", "plate"])
     dome = dome.scale(1.0, 1.0, 0.98).rotate(z=-24).move(0.68, 2.28, 0.03)
     ridge = prism([(-0.30, 0.0), (-0.20, 0.14), (0.0, 0.20), (0.20, 0.14), (0.30, 0.0)], 0.08).rotate(y=90).rotate(z=-24).move(0.80, 2.44, 0.03)
-    figure.pair("shoulder", dome, "shoulder", bevel=0.015, smooth=38)
+    turns = np.radians(np.arange(0, 360, 30))
+    studs = rivets([(0.415 * np.sin(a), -0.06, 0.405 * np.cos(a)) for a in turns], (0, 1, 0), 0.022)
+    figure.pair("shoulder", dome, "shoulder", bevel=0.015, smooth=50, detail=studs.move(y=0.075).rotate(z=-24).move(0.68, 2.28, 0.03))
     figure.pair("ridge", ridge.drop(lambda c, n: n[1] < -0.8), "shoulder", material="metal", bevel=0.008)
     upper = loft([section(oval(w, w, 6), at, np.subtract(ELBOW, SHOULDER), (0, 0, -1)) for w, at in (
-        (0.14, SHOULDER), (0.165, (0.78, 1.95, 0.08)), (0.12, ELBOW))], caps=(False, False))
+        (0.14, SHOULDER), (0.165, (0.80, 1.96, 0.08)), (0.12, ELBOW))], caps=(False, False))
     figure.pair("upper", upper, "upper", material="trim", bevel=0.012)
     elbow = cylinder(0.125, 0.30, 6).move(y=-0.15).rotate(z=-90).move(*ELBOW)
     figure.pair("elbow", elbow, "fore", material="metal", bevel=0.01)
     fore = loft([section(oval(w, w, 6), at, np.subtract(WRIST, ELBOW), (0, 1, 0)) for w, at in (
-        (0.11, (0.885, 1.73, 0.10)), (0.205, (0.90, 1.62, -0.02)), (0.17, (0.93, 1.39, -0.28)))], bands=["trim", "plate"],
+        (0.11, (0.925, 1.75, 0.08)), (0.215, (0.95, 1.64, -0.04)), (0.18, (1.03, 1.40, -0.34)))], bands=["trim", "plate"],
                 caps=(False, True))
     figure.pair("fore", fore, "fore", bevel=0.015)
-    fist = prism(oval(0.15, 0.14, 6), 0.28, front=0.85, back=0.9).move(*GRIP)
+    fist = prism(oval(0.175, 0.16, 6), 0.30, front=0.85, back=0.9).move(*GRIP)
     knuckles = join(*[box(0.06, 0.15, 0.05).move(GRIP[0] - 0.09 + 0.06 * k, GRIP[1], GRIP[2] - 0.13) for k in range(4)])
     figure.pair("fist", fist, "hand", material="metal", bevel=0.02, detail=knuckles.material("trim"))
 
@@ -141,7 +147,8 @@ def legs(figure):
                                 front=0.9, back=0.9).drop(lambda c, n: n[1] > 0.9).move(0, 1.22, 0), "body", material="dark", bevel=0.015)
     thigh = loft([section(oval(w, h, 6), at, np.subtract(KNEE, HIP), (0, 0, -1)) for w, h, at in (
         (0.18, 0.19, (0.345, 1.24, 0.01)), (0.21, 0.23, (0.375, 1.05, -0.05)), (0.15, 0.16, (0.42, 0.80, -0.14)))], caps=(False, False))
-    figure.pair("thigh", thigh, "thigh", material="trim", bevel=0.018)
+    hose = tube(curve([(0.44, 1.16, -0.20), (0.50, 1.02, -0.24), (0.47, 0.86, -0.26)], 4), 0.028, 6).material("dark")
+    figure.pair("thigh", thigh, "thigh", material="trim", bevel=0.018, detail=hose)
     knee = cylinder(0.15, 0.38, 7).move(y=-0.19).rotate(z=-90).move(*KNEE)
     figure.pair("knee", knee, "shin", material="metal", bevel=0.012)
     cop = prism([(-0.13, -0.12), (0.13, -0.12), (0.16, 0.04), (0, 0.20), (-0.16, 0.04)], 0.10, front=0.7).drop(lambda c, n: n[2] < -0.9)
@@ -149,11 +156,13 @@ def legs(figure):
     shin = loft([section(chamfered(w, h, 0.08), at, (0.04, -0.55, 0.24), (0, 0, -1)) for w, h, at in (
         (0.28, 0.28, (0.435, 0.68, -0.13)), (0.45, 0.44, (0.445, 0.48, -0.04)), (0.42, 0.40, (0.47, 0.16, 0.07)))],
                 bands=["trim", "plate"], caps=(False, True))
-    figure.pair("shin", shin, "shin", bevel=0.018)
+    calf = vent(0.17, 0.20, 4).rotate(x=14).move(0.455, 0.40, 0.205)
+    figure.pair("shin", shin, "shin", bevel=0.018, detail=calf + rivets(row((0.60, 0.56, 0.02), (0.61, 0.26, 0.09), 3), (1, 0.2, 0.5), 0.02))
     foot = loft([section([(-w, -0.02), (w, -0.02), (w, h * 0.55), (w * 0.62, h), (-w * 0.62, h), (-w, h * 0.55)],
                          (ANKLE[0], 0.02, z), (0, 0, -1)) for w, h, z in
                  ((0.18, 0.17, 0.36), (0.26, 0.26, -0.02), (0.22, 0.12, -0.34))])
-    figure.pair("foot", foot, "foot", bevel=0.02)
+    toes = join(*[box(0.02, 0.03, 0.22).rotate(x=-22).move(ANKLE[0] + x, 0.215, -0.16) for x in (-0.08, 0.0, 0.08)])
+    figure.pair("foot", foot, "foot", bevel=0.02, detail=toes.material("metal"))
 
 
 def build():
@@ -248,7 +257,7 @@ def kneel(p, k, shake=0.0, i=0):
     hold(p, x=0.0, y=-0.03 * k, z=-0.26 * k, pitch=10 * k)
     p.turn("upper.L", x=-10 * k, z=-8 * k).turn("fore.L", x=34 * k)
     for side in ("R", "L"):
-        p.turn(f"cape.{side}", x=17 * k)
+        p.turn(f"cape.{side}", x=-6 * k)
     p.turn("tabard", x=20 * k)
 
 
@@ -299,14 +308,31 @@ def decorate(paint, army):
     armour = paint.material("plate", "trim")
     paint.lines(paint.inset(0.040, 0.011) * paint.part("shin", "fore", "foot", "thigh", "upper", "visor", "cop") * armour)
     edged = paint.part("breast", "tasset", "tabard", "flange", "collar") * paint.material("plate")
-    paint.lay(paint.inset(0.030) * edged, "metal", 0.95)
+    border = "metal" if white else "trim"
+    paint.lay((1 - paint.inset(0.034)) * edged, border, 0.95)
     paint.lines(paint.inset(0.044, 0.010) * edged)
     cape = paint.part("cape") * paint.material("stripe")
-    paint.lay(paint.inset(0.035) * cape, "metal", 0.9)
+    if not white:
+        paint.lay(cape, paint.tone("stripe") * 0.40)
+    paint.lay((1 - paint.inset(0.045)) * cape, border, 0.9)
     for y in (0.95, 1.40, 1.85):
         paint.lines(paint.band("y", y, 0.014) * cape)
     hull = paint.part("torso") * paint.material("plate")
     paint.lines(paint.band("y", 1.92, 0.014) * hull).lines(paint.soft(abs(paint.pos[:, :, 0]), 0.008) * hull * paint.facing(z=-1))
+    heading = np.degrees(np.arctan2(paint.pos[:, :, 0] / 1.15, paint.pos[:, :, 2] / 0.86))
+    girth = np.hypot(paint.pos[:, :, 0], paint.pos[:, :, 2])
+    seams = paint.soft(np.abs(heading / 36 - np.rint(heading / 36)) * np.radians(36) * girth, 0.006)
+    paint.lines(seams * hull * paint.above("y", 1.67) * (1 - paint.above("y", 2.06)))
+    paint.lines(paint.band("y", 2.06, 0.012) * hull).lines(paint.band("y", 1.67, 0.012) * hull)
+    paint.lay(hull * paint.above("y", 1.93) * (1 - paint.above("y", 2.05)) * paint.facing(z=1, least=-0.4), "trim", 0.9)
+    paint.rivets([(1.15 * 0.515 * np.sin(a), 2.02, 0.86 * 0.515 * np.cos(a)) for a in np.radians(np.arange(-60, 61, 20))], 0.020, hull)
+    helm = paint.part("helm")
+    paint.lines(helm * paint.band("y", 2.56, 0.010)).lines(helm * paint.soft(abs(paint.pos[:, :, 0]), 0.006))
+    for y in (2.46, 2.495, 2.53):
+        paint.lay(helm * paint.facing(z=1, least=0.3) * paint.band("y", y, 0.016) * paint.soft(abs(abs(paint.pos[:, :, 0]) - 0.12), 0.06), "dark", 0.95)
+    rim = paint.part("band") * (1 - paint.facing(y=1, least=0.6))
+    paint.lines(rim * paint.band("y", 2.735, 0.011)).lines(rim * paint.band("y", 2.865, 0.011))
+    paint.rivets([(0.415 * np.sin(a), 2.80, 0.415 * np.cos(a)) for a in np.radians(np.arange(30, 360, 60))], 0.022, rim)
     dome = paint.part("shoulder") * paint.material("plate")
     for centre in ((0.80, 2.52, 0.03), (-0.80, 2.52, 0.03)):
         paint.lines(paint.ring(centre, 0.36, 0.014) * dome)
@@ -315,11 +341,10 @@ def decorate(paint, army):
     for k, gem in enumerate(gems):
         paint.lay(paint.near(gem, 0.066) * paint.part("band"), "line", 0.8)
         paint.lamps(paint.near(gem, 0.050) * paint.part("band"))
-    paint.lines(paint.part("point") * paint.inset(0.022, 0.010))
+    paint.lines(paint.part("point") * paint.inset(0.026, 0.009))
     core = paint.part("cross") * np.maximum(paint.facing(z=1, least=0.8), paint.facing(z=-1, least=0.8))
     paint.lines(core * paint.inset(0.020, 0.010))
-    paint.lamps(core * np.maximum(paint.soft(abs(paint.pos[:, :, 0]), 0.016) * paint.soft(abs(paint.pos[:, :, 1] - 3.37), 0.17),
-                                  paint.soft(abs(paint.pos[:, :, 1] - 3.37), 0.016) * paint.soft(abs(paint.pos[:, :, 0]), 0.17)))
+    paint.lamps(core * paint.inset(0.028))
 
     u, v = paint.pos[:, :, 0], paint.pos[:, :, 1] - 2.625
     face = paint.part("visor") * paint.facing(z=-1, least=0.6)
@@ -342,17 +367,21 @@ def decorate(paint, army):
         paint.outline([(x * size / 10, y * size / 10) for x, y in cross], centre, right, up, tone, 0.95, 0.3, parts)
 
     tone = "stripe" if white else "mark"
+    cap, turn = paint.part("cap"), np.degrees(np.arctan2(paint.pos[:, :, 0], paint.pos[:, :, 2]))
+    paint.lay(cap, paint.tone("stripe") * 0.42)
+    seam = np.abs(turn / 60 - np.rint(turn / 60)) * np.radians(60) * np.hypot(paint.pos[:, :, 0], paint.pos[:, :, 2])
+    paint.lay(cap * paint.soft(seam, 0.012), "dark")
     mark(0.36, (0, 2.06, -0.48), front, tone, ("breast",))
     mark(0.34, (0, 0.98, -0.45), front, tone, ("tabard",))
     for side in (1, -1):
         mark(0.24, (side * 0.52, 1.10, 0.02), (0, 0, -side), tone, ("tasset",))
         if not white:
             paint.hazard(paint.part("foot") * paint.above("y", 0.02) * (1 - paint.above("z", -0.20)), (0.7, 0.3, 0.7), 0.09)
-    paint.text("I" if white else "K-1", (0.42, 1.95, 0.45), behind, up, 0.10, "plate" if white else "mark", depth=0.3, parts=("cape",))
+    paint.text("I", (0.42, 1.95, 0.45), behind, up, 0.12, "plate" if white else "mark", depth=0.3, parts=("cape",))
     paint.rivets([(s * 0.47 * np.sin(a) * 0.98, 1.33, 0.40 * np.cos(a)) for s in (-1, 1) for a in np.radians((20, 60, 120, 160))], 0.022,
                  paint.part("belt"))
     paint.lamps(paint.near((0, 1.33, -0.40), 0.06) * paint.part("belt"))
-    return {"spill": 0.08, "wear": 1.0 if white else 0.75}
+    return {"spill": 0.05, "wear": 1.0 if white else 0.75}
 
 
 if __name__ == "__main__":

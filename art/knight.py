@@ -11,19 +11,28 @@ from kit import *
 # Fore and hind leg of the right side: hip, knee, ankle
 FORE = ((0.37, 1.34, -0.28), (0.47, 0.80, -0.38), (0.50, 0.20, -0.26))
 HIND = ((0.37, 1.34, 0.62), (0.47, 0.84, 0.46), (0.50, 0.20, 0.70))
-NECK, POLL = (0, 1.62, -0.16), (0, 2.24, -0.42)
-GAZE = 30.0  # it looks past the side it stands on, so that the profile shows from both ends of the board
+NECK, NAPE = (0, 1.62, -0.16), np.array((0, 1.95, -0.40))
+BROW, NOSE_DOWN = (0, 2.27, -0.46), 34.0
+LARGE = 1.18  # the head is larger than life, for it names the piece
+GAZE = 52.0  # it looks past the side it stands on, so that the profile shows from both ends of the board
+
+
+def grown(thing):
+    """What belongs to the head, as a point or a mesh, at its size and place."""
+    if isinstance(thing, Mesh):
+        return Mesh(NAPE + (thing.v - NAPE) * LARGE - (0, 0.10, 0), thing.f, thing.m)
+    return NAPE + (np.asarray(thing) - NAPE) * LARGE - (0, 0.10, 0)
 
 
 def skeleton():
     rig = Rig().bone("root", (0, 0, 0)).bone("body", (0, 1.35, 0.1), "root").bone("jet", (0, 1.2, 0), "body")
-    rig.bone("neck", NECK, "body").bone("crest", (0, 1.98, -0.36), "neck").bone("head", POLL, "crest")
-    rig.bone("jaw", (0, 2.06, -0.62), "head").bone("tail", (0, 1.66, 0.80), "body").bone("tail.end", (0, 1.50, 1.06), "tail")
+    rig.bone("neck", NECK, "body").bone("crest", grown((0, 2.0, -0.38)), "neck").bone("head", grown((0, 2.24, -0.42)), "crest")
+    rig.bone("jaw", grown((0, 2.06, -0.62)), "head").bone("tail", (0, 1.66, 0.80), "body").bone("tail.end", (0, 1.50, 1.06), "tail")
     for side, sign in (("R", 1), ("L", -1)):
         for leg, chain in (("fore", FORE), ("hind", HIND)):
             points = [(sign * x, y, z) for x, y, z in chain]
             rig.leg(f"{leg}.{side}", f"{leg}thigh.{side}", f"{leg}shin.{side}", f"{leg}hoof.{side}", "body", *points)
-        rig.bone(f"pod.{side}", (sign * 0.44, 1.52, 0.22), "body").bone(f"ear.{side}", (sign * 0.10, 2.30, -0.36), "head")
+        rig.bone(f"pod.{side}", (sign * 0.44, 1.52, 0.22), "body").bone(f"ear.{side}", grown((sign * 0.10, 2.30, -0.36)), "head")
     return rig
 
 
@@ -37,39 +46,42 @@ def body(figure):
     hull = loft([hull_section(0.16, 0.14, 1.60, 0.92), hull_section(0.36, 0.28, 1.53, 0.76), hull_section(0.39, 0.30, 1.49, 0.34),
                  hull_section(0.36, 0.31, 1.47, -0.20), hull_section(0.27, 0.27, 1.50, -0.48), hull_section(0.13, 0.14, 1.54, -0.62)],
                 bands=["trim", "plate", "plate", "plate", "trim"])
-    figure.part("hull", hull, "body", bevel=0.02, smooth=40)
+    flanks = vent(0.26, 0.13, 5).rotate(y=90).move(0.378, 1.505, 0.14)
+    flanks = flanks + flanks.mirror() + vent(0.22, 0.12, 4).rotate(x=14).move(0, 1.44, 0.835)
+    figure.part("hull", hull, "body", bevel=0.02, smooth=40, detail=flanks)
     breast = prism([(-0.26, 0.16), (-0.29, -0.02), (0, -0.30), (0.29, -0.02), (0.26, 0.16), (0, 0.24)], 0.14, front=0.72)
     figure.part("breast", breast.drop(lambda c, n: n[2] < -0.9).rotate(y=180).rotate(x=8).move(0, 1.48, -0.62), "body", bevel=0.015)
     saddle = lathe([(0.415, 0.02), (0.425, 0.54)], 6, start=-66, arc=132, close=False).rotate(x=-90).scale(1, 0.86, 1)
     saddle = saddle.move(0, 1.50, 0.52)
-    figure.part("saddle", saddle, "body", material="stripe", bevel=0.0)
-    croup = plate([(-0.20, 0.34), (-0.28, 0.0), (-0.16, -0.24), (0.16, -0.24), (0.28, 0.0), (0.20, 0.34)], 0.10, 0.04)
-    croup = croup.drop(lambda c, n: n[2] < -0.9).rotate(x=-68).move(0, 1.815, 0.72)
-    figure.part("croup", croup, "body", bevel=0.012)
+    figure.part("saddle", saddle, "body", material="stripe", bevel=0.0, smooth=60)
+    croup = lathe([(0.27, 0.0), (0.20, 0.10), (0.0, 0.15)], 6, start=30, close=False).scale(0.95, 1, 1.1)
+    figure.part("croup", croup.rotate(x=26).move(0, 1.72, 0.74), "body", bevel=0.012, smooth=70)
     nozzle = lathe([(0.20, 0.0), (0.24, 0.10), (0.17, 0.17), (0.22, 0.30), (0.17, 0.30), (0.10, 0.14), (0, 0.12)], 9, close=False,
                    bands=["trim", "metal", "metal", "plate", "dark", "light"])
     figure.part("jet", nozzle.aim((0, 1.27, 0), (0, 0.95, 0)), "jet", bevel=0.01)
     pod = lathe([(0.0, -0.34), (0.11, -0.28), (0.165, -0.30), (0.175, -0.10), (0.165, 0.14), (0.10, 0.20), (0, 0.16)], 8, close=False,
                 bands=["light", "dark", "plate", "plate", "metal", "dark"]).rotate(x=62).move(0.53, 1.55, 0.24)
-    figure.pair("pod", pod, "pod", bevel=0.012)
+    studs = rivets([(0.175 * np.sin(a), -0.07, 0.175 * np.cos(a)) for a in np.radians(np.arange(22, 360, 45))], (0, 1, 0), 0.018)
+    figure.pair("pod", pod, "pod", bevel=0.012, detail=studs.rotate(x=62).move(0.53, 1.55, 0.24))
 
 
 def neck(figure):
     def ring(w, d, y, z, along):
         return section([(-w, -0.3 * d), (-0.5 * w, -d), (0.5 * w, -d), (w, -0.3 * d), (0.8 * w, 0.5 * d), (0.25 * w, d), (-0.25 * w, d),
                         (-0.8 * w, 0.5 * d)], (0, y, z), along, (0, 0.3, 1))
-    lower = loft([ring(0.27, 0.34, 1.55, -0.22, (0, 1, -0.6)), ring(0.22, 0.30, 1.82, -0.36, (0, 1, -0.45)),
+    lower = loft([ring(0.20, 0.24, 1.46, -0.16, (0, 1, -0.6)), ring(0.235, 0.31, 1.78, -0.33, (0, 1, -0.45)),
                   ring(0.185, 0.27, 2.04, -0.42, (0, 1, -0.1))], caps=(False, True))
-    figure.part("neck", lower, "neck", bevel=0.012, smooth=45)
+    hoses = join(*[tube(curve([(s * 0.245, 1.74, -0.40), (s * 0.225, 1.85, -0.47), (s * 0.195, 1.99, -0.52)], 4), 0.024, 6) for s in (-1, 1)])
+    figure.part("neck", lower, "neck", bevel=0.012, smooth=45, detail=hoses.material("dark"))
     upper = loft([ring(0.19, 0.26, 1.97, -0.40, (0, 1, -0.2)), ring(0.165, 0.24, 2.16, -0.42, (0, 1, 0.0)),
                   ring(0.13, 0.17, 2.33, -0.38, (0, 1, 0.3))], caps=(False, True))
-    figure.part("crest", upper, "crest", bevel=0.012, smooth=45)
+    figure.part("crest", grown(upper), "crest", bevel=0.012, smooth=45)
     fin = plate([(-0.02, -0.10), (0.20, -0.02), (0.27, 0.16), (0.06, 0.14), (-0.02, 0.12)], 0.07).drop(lambda c, n: n[0] < -0.9)
     spots = ((1.70, 0.06, "neck", -58, 1.0), (1.90, -0.10, "neck", -70, 1.05), (2.07, -0.17, "crest", -82, 1.05), (2.23, -0.19, "crest", -98, 1.0),
              (2.37, -0.25, "crest", -128, 0.85))
     for k, (y, z, bone, tilt, size) in enumerate(spots):
         mane = fin.scale(size).rotate(y=-90).rotate(x=tilt + 84).move(0, y, z)
-        figure.part(f"mane{k}", mane, bone, material="stripe", bevel=0.008, like="mane0" if k else None)
+        figure.part(f"mane{k}", grown(mane) if bone == "crest" else mane, bone, material="stripe", bevel=0.008, like="mane0" if k else None)
 
 
 def head(figure):
@@ -79,22 +91,20 @@ def head(figure):
                         (-w * 0.95, 0.35 * h)], (0, y, z), (0, 0, -1))
     skull = loft([ring(0.12, 0.15, 0.03, 0.10), ring(0.19, 0.23, 0.0, -0.10), ring(0.175, 0.20, 0.01, -0.30), ring(0.115, 0.135, 0.02, -0.56),
                   ring(0.135, 0.14, 0.005, -0.74), ring(0.10, 0.10, -0.01, -0.86)])
-    place = (0, 2.27, -0.46)
-    tilt = -34
 
     def put(mesh):
-        return mesh.rotate(x=tilt).move(*place)
+        return grown(mesh.rotate(x=-NOSE_DOWN).move(*BROW))
     figure.part("skull", put(skull), "head", bevel=0.012, smooth=42, density=1.5)
     jaw = loft([section(chamfered(w, h, 0.03), (0, y, z), (0, 0, -1)) for w, h, y, z in (
         (0.24, 0.18, -0.19, -0.14), (0.17, 0.10, -0.17, -0.46), (0.15, 0.08, -0.145, -0.78))])
     figure.part("jaw", put(jaw), "jaw", material="metal", bevel=0.008)
-    chamfron = prism([(-0.075, 0.42), (-0.115, 0.16), (-0.05, -0.34), (0.05, -0.34), (0.115, 0.16), (0.075, 0.42)], 0.07, front=0.6)
+    chamfron = prism([(-0.075, 0.31), (-0.115, 0.14), (-0.05, -0.36), (0.05, -0.36), (0.115, 0.14), (0.075, 0.31)], 0.07, front=0.6)
     chamfron = chamfron.drop(lambda c, n: n[2] < -0.9).rotate(x=-90).rotate(y=180)
-    figure.part("chamfron", put(chamfron.rotate(x=-7).move(0, 0.205, -0.22)), "head", material="metal", bevel=0.008)
+    figure.part("chamfron", put(chamfron.rotate(x=-7).move(0, 0.190, -0.25)), "head", material="metal", bevel=0.008)
     ear = loft([section([(-0.055, -0.03), (0.055, -0.03), (0.0, 0.07)], (0, 0, 0), (0, 1, 0), (0, 0, 1)),
                 section([(-0.07, -0.035), (0.07, -0.035), (0.0, 0.05)], (0, 0.10, 0), (0, 1, 0), (0, 0, 1)),
-                section([(-0.008, -0.01), (0.008, -0.01), (0.0, 0.01)], (0, 0.27, 0.02), (0, 1, 0), (0, 0, 1))], caps=(False, True))
-    figure.pair("ear", ear.rotate(x=4).rotate(z=-14).move(0.095, 2.30, -0.42), "ear", bevel=0.006)
+                section([(-0.008, -0.01), (0.008, -0.01), (0.0, 0.01)], (0, 0.23, 0.02), (0, 1, 0), (0, 0, 1))], caps=(False, True))
+    figure.pair("ear", grown(ear.rotate(x=4).rotate(z=-14).move(0.095, 2.30, -0.42)), "ear", bevel=0.006)
     bit = lathe([(0.05, 0.0), (0.06, 0.02), (0.06, 0.05), (0, 0.055)], 7, close=False).rotate(z=-90).move(0.125, -0.07, -0.66)
     figure.part("bit.R", put(bit), "head", material="metal", bevel=0.006)
     figure.part("bit.L", put(bit).mirror(), "head", material="metal", bevel=0.006, like="bit.R", mirrored=True)
@@ -112,10 +122,12 @@ def leg(figure, kind, chain, bulk):
     shin = loft([section(oval(w, d, 6), at, down, (0, 0, -1)) for w, d, at in (
         (0.085, 0.095, knee - down * 0.02), (0.10, 0.13, knee + down * 0.35), (0.055, 0.06, knee + down * 0.70), (0.085, 0.10, ankle))],
         bands=["trim", "plate", "metal"], caps=(False, False))
+    rod = tube([knee + (0, 0.02, 0.09), knee + down * 0.80 + (0, 0, 0.055)], 0.026, 4, caps=False)
+    figure.pair(f"{kind}rod", rod, f"{kind}shin", material="chrome", bevel=0.0)
     figure.pair(f"{kind}shin", shin, f"{kind}shin", bevel=0.012, smooth=40)
     x, _, z = ankle
     hoof = loft([section([(-w, -d * 0.7), (-w * 0.5, -d), (w * 0.5, -d), (w, -d * 0.7), (w * 0.8, d * 0.8), (-w * 0.8, d * 0.8)],
-                         (x, y, z + dz), (0, 1, 0), (0, 0, 1)) for w, d, y, dz in ((0.15, 0.20, 0.0, -0.05), (0.10, 0.12, 0.22, 0.0))])
+                         (x, y, z + dz), (0, 1, 0), (0, 0, 1)) for w, d, y, dz in ((0.15, 0.20, 0.0, -0.05), (0.115, 0.145, 0.22, -0.01))])
     figure.pair(f"{kind}hoof", hoof, f"{kind}hoof", material="plate", bevel=0.012)
 
 
@@ -130,6 +142,9 @@ def build():
         (0.07, 0.07, (0, 1.64, 0.80), (0, 0.3, 1)), (0.11, 0.09, (0, 1.64, 0.98), (0, -0.4, 1)), (0.10, 0.09, (0, 1.48, 1.09), (0, -1, 0.4)))],
         caps=(False, False))
     figure.part("tail", dock, "tail", material="stripe", bevel=0.008)
+    for side in (1, -1):
+        cable = tube(curve([(side * 0.16, 1.86, -0.20), (side * 0.24, 1.80, 0.0), (side * 0.22, 1.72, 0.12)], 2), 0.035, 5, caps=False)
+        figure.part("cable.R" if side > 0 else "cable.L", cable, "neck", material="dark", bevel=0.0)
     plume = loft([section(oval(w, d, 6), at, along, (0, 0, 1)) for w, d, at, along in (
         (0.115, 0.08, (0, 1.52, 1.08), (0, -1, 0.3)), (0.135, 0.09, (0, 1.20, 1.14), (0, -1, 0.1)), (0.02, 0.02, (0, 0.84, 1.16), (0, -1, 0)))])
     figure.part("plume", plume, "tail.end", material="stripe", bevel=0.008)
@@ -141,7 +156,7 @@ LEGS = ("fore.R", "fore.L", "hind.R", "hind.L")
 
 def look(p, turn, nod=0.0):
     """Neck and head turned to one side by shares."""
-    p.turn("neck", y=0.35 * turn, x=0.4 * nod).turn("crest", y=0.35 * turn, x=0.2 * nod).turn("head", y=0.45 * turn, x=0.5 * nod, z=0.10 * turn)
+    p.turn("neck", y=0.22 * turn, x=0.4 * nod).turn("crest", y=0.43 * turn, x=0.2 * nod).turn("head", y=0.50 * turn, x=0.5 * nod, z=0.10 * turn)
 
 
 def stand(p, i):
@@ -209,7 +224,7 @@ def run_end(p, i):
 def damage(p, i):
     hit = keys(i, (0, 0), (1, 1, ease_out), (3, 0.4), (5, -0.18), (7, 0))
     p.move("body", z=0.13 * hit, y=-0.05 * abs(hit)).turn("body", x=9 * hit, z=4 * hit)
-    look(p, GAZE - 46 * max(0.0, hit), 34 * max(0.0, hit))
+    look(p, GAZE - 66 * max(0.0, hit), 34 * max(0.0, hit))
     p.turn("jaw", x=-16 * max(0.0, hit)).turn("tail", x=20 * abs(hit)).turn("tail.end", x=16 * hit)
     for side in ("R", "L"):
         p.turn(f"ear.{side}", x=34 * max(0.0, hit)).turn(f"pod.{side}", x=-20 * max(0.0, hit))
@@ -239,7 +254,7 @@ def death(p, i):
     fall = keys(i, (0, 0), (4, 0), (5, 0.08), (8, 1, ease_in), (9, 0.94), (10, 1))
     beat = keys(i, (0, 0), (8, 0), (9, 1, ease_out), (11, 0, ease_in), (12, 0.25), (13, 0))
     p.turn("body", x=34 * rear, z=-84 * fall, y=-14 * fall).move("body", y=-0.10 * rear, x=0.30 * fall, z=0.10 * rear)
-    look(p, GAZE - 40 * rear - 34 * fall, 30 * rear - 16 * fall)
+    look(p, GAZE - 60 * rear - 56 * fall, 30 * rear - 16 * fall)
     p.turn("neck", z=14 * fall + 14 * beat).turn("head", z=10 * fall + 8 * beat)
     p.turn("jaw", x=-18 * max(rear, 0.5 * fall))
     for side, sign, stiff in (("R", 1, 0.5), ("L", -1, 1.0)):
@@ -257,23 +272,23 @@ def death(p, i):
 def decorate(paint, army):
     white = army == "white"
     armour = paint.material("plate", "trim")
-    paint.lines(paint.inset(0.034, 0.010) * paint.part("forehoof", "hindhoof", "croup", "breast", "ear") * armour)
+    paint.lines(paint.inset(0.034, 0.010) * paint.part("forehoof", "hindhoof", "breast", "ear") * armour)
     hull = paint.part("hull") * paint.material("plate")
     for z in (0.56, 0.06, -0.30):
         paint.lines(paint.band("z", z, 0.013) * hull)
     paint.lines(paint.band("y", 1.40, 0.012) * hull)
     paint.lay(hull * (1 - paint.above("y", 1.39)), "trim", 0.9)
     saddle = paint.part("saddle")
-    paint.lay(saddle * paint.inset(0.040), "metal", 0.95).lines(saddle * paint.inset(0.054, 0.010))
+    paint.lay(saddle * (1 - paint.inset(0.040)), "metal", 0.95).lines(saddle * paint.inset(0.054, 0.010))
     tone = "stripe" if white else "mark"
-    paint.lay(paint.part("breast", "croup") * paint.inset(0.026), "metal", 0.9)
+    paint.lay(paint.part("breast") * (1 - paint.inset(0.026)), "metal", 0.9)
     up = (0, 1, 0)
     paint.outline(horseshoe(0.26), (0, 1.48, -0.70), (-1, 0, 0), up, tone, 0.95, 0.3, ("breast",))
-    paint.outline(horseshoe(0.24), (0, 1.86, 0.72), (1, 0, 0), (0, 0.38, -0.93), tone, 0.95, 0.3, ("croup",))
+    paint.outline(horseshoe(0.24), (0, 1.84, 0.80), (1, 0, 0), (0, 0.44, -0.90), tone, 0.95, 0.3, ("croup",))
     thighs = paint.part("forethigh", "hindthigh")
     paint.lines(thighs * paint.band("y", 1.12, 0.013))
     for z in (-0.30, 0.60):
-        paint.text("II" if white else "N3", (0.52, 1.27, z), (0, 0, -1), up, 0.10, depth=0.3, parts=("forethigh", "hindthigh"))
+        paint.text("II" if white else "A", (0.52, 1.27, z), (0, 0, -1), up, 0.10, depth=0.3, parts=("forethigh", "hindthigh"))
     if not white:
         paint.hazard(thighs * paint.above("y", 1.01) * (1 - paint.above("y", 1.10)), (0, 0.7, 0.7), 0.08)
     else:
@@ -283,16 +298,16 @@ def decorate(paint, army):
     paint.lay(paint.part("forehoof", "hindhoof") * (1 - paint.above("y", 0.055)), "metal", 0.9)
 
     neck = paint.part("neck", "crest") * armour
-    for at, direction in (((0, 1.72, -0.30), (0, 1, -0.5)), ((0, 1.86, -0.37), (0, 1, -0.4)), ((0, 2.12, -0.42), (0, 1, -0.05))):
+    for at, direction in (((0, 1.68, -0.28), (0, 1, -0.5)), ((0, 1.79, -0.35), (0, 1, -0.4)), ((0, 2.05, -0.42), (0, 1, -0.05))):
         d = np.array(direction) / np.linalg.norm(direction)
         paint.lines(paint.band(d, float(np.dot(at, d)), 0.013) * neck)
     mane = paint.part("mane")
     paint.lines(mane * paint.inset(0.020, 0.008))
 
-    tilt = rotation(x=-34)
+    tilt = rotation(x=-NOSE_DOWN)
     along, high = tilt @ (0, 0, -1), tilt @ (0, 1, 0)
-    place = paint.pos - (0, 2.27, -0.46)
-    a, h, u = place @ along, place @ high, paint.pos[:, :, 0]
+    place = (paint.pos - grown(BROW)) / LARGE
+    a, h, u = place @ along, place @ high, place[:, :, 0]
     skull = paint.part("skull")
     paint.lines(skull * paint.soft(abs(a - 0.38), 0.007)).lines(skull * paint.soft(abs(a - 0.66), 0.007))
     paint.lines(skull * paint.soft(abs(h + 0.075 - 0.06 * a), 0.006) * paint.soft(abs(a - 0.3), 0.36))
@@ -310,7 +325,7 @@ def decorate(paint, army):
 
     pod = paint.part("pod")
     paint.lines(pod * paint.inset(0.024, 0.009) * paint.material("plate"))
-    paint.text("7" if white else "3", (0.71, 1.55, 0.24), (0, 0, -1), up, 0.11, depth=0.3, parts=("pod",))
+    paint.text("8" if white else "X", (0.71, 1.55, 0.24), (0, 0, -1), up, 0.11, depth=0.3, parts=("pod",))
     for k in np.radians(np.arange(0, 360, 45)):
         paint.rivets([(0.24 * np.sin(k), 1.17, 0.24 * np.cos(k))], 0.016, paint.part("jet"))
     for x in (-0.30, 0.30):

@@ -13,7 +13,7 @@ SHOULDER, ELBOW, WRIST = (0.34, 2.24, 0.02), (0.50, 1.86, 0.14), (0.47, 1.62, -0
 JET = np.array((0, 0.30, 0.60))
 BALL = np.array((0, 1.80, -1.50))  # where the energy gathers
 HEADINGS = {"back": 0, "back.R": 58, "side.R": 116, "front": 180, "side.L": 244, "back.L": 302}
-FLIGHT = 0.34  # how high she hovers
+FLIGHT = 0.22  # how high she hovers
 
 
 def skeleton():
@@ -26,14 +26,14 @@ def skeleton():
     for side, sign in (("R", 1), ("L", -1)):
         def at(point):
             return (sign * point[0], *point[1:])
-        rig.bone(f"shoulder.{side}", at((0.27, 2.28, 0.02)), "chest")
+        rig.bone(f"shoulder.{side}", at((0.27, 2.28, 0.02)), "chest").bone(f"ribbon.{side}", at((0.20, 2.16, 0.22)), "chest")
         rig.leg(f"arm.{side}", f"upper.{side}", f"fore.{side}", f"hand.{side}", "chest", at(SHOULDER), at(ELBOW), at(WRIST))
     return rig
 
 
-def petal(low, reach, width, hem):
+def petal(low, reach, width, hem, knee=(0.62, 0.50)):
     """A plate of the gown, hanging from the waist towards +z; its point touches y = `low`."""
-    stations = ((1.44, 0.205, 0.10), (1.12, 0.29, 0.20), (0.62, 0.50, width), (hem, reach - 0.02, width * 0.92), (low, reach + 0.05, 0.0))
+    stations = ((1.44, 0.205, 0.10), (1.12, 0.29, 0.20), (*knee, width), (hem, reach - 0.02, width * 0.92), (low, reach + 0.05, 0.0))
     v, f, m = [], [], []
     for y, z, w in stations:
         bow = 0.30 * w
@@ -51,7 +51,7 @@ def petal(low, reach, width, hem):
     f += [(last, point, last + 1), (last + 1, point, last + 2)]
     m += [None, None]
     outer = Mesh(v, f, m)
-    inner = Mesh(np.array(v) - (0, 0, 0.05), [face[::-1] for face in f], ["dark"] * len(f))
+    inner = Mesh(np.array(v) - (0, 0, 0.05), [face[::-1] for face in f], ["trim"] * len(f))
     rim, shift = [], len(v)
     ring = [3 * k for k in range(rows)] + [point] + [3 * k + 2 for k in reversed(range(rows))]
     for a, b in zip(ring, ring[1:]):
@@ -61,12 +61,12 @@ def petal(low, reach, width, hem):
 
 
 def gown(figure):
-    core = lathe([(0.40, 0.34), (0.36, 0.42), (0.27, 0.95), (0.17, 1.40)], 8, start=22.5, bands=["light", "dark", "trim"])
-    figure.part("core", core.drop(lambda c, n: n[1] > 0.95), "gown", material="dark", bevel=0.0, density=0.6)
+    core = lathe([(0.40, 0.34), (0.36, 0.42), (0.27, 0.95), (0.17, 1.40)], 8, start=22.5, bands=["light", "trim", "trim"])
+    figure.part("core", core.drop(lambda c, n: n[1] > 0.95), "gown", bevel=0.0, density=0.5)
     broad, narrow = petal(0.0, 0.70, 0.29, 0.22), petal(0.0, 0.62, 0.25, 0.26)
     for name, heading in HEADINGS.items():
         if name == "back":
-            train = petal(0.56, 0.60, 0.24, 0.70).rotate(y=heading)
+            train = petal(0.72, 0.45, 0.21, 0.84, (0.98, 0.345)).rotate(y=heading)
             figure.part("petal.back", train, "petal.back", bevel=0.008)
             continue
         shape, first = (broad, "petal.back.R") if name.startswith("back") else (narrow, "petal.side.R")
@@ -85,20 +85,26 @@ def gown(figure):
 def torso(figure):
     waist = lathe([(0.23, 1.36), (0.175, 1.52), (0.20, 1.70), (0.275, 1.98), (0.285, 2.10), (0.22, 2.26), (0.09, 2.36)], 10, start=18,
                   close=False, bands=["trim", "plate", "plate", "plate", "plate", "metal"]).scale(1.12, 1, 0.78)
-    figure.part("torso", waist, "chest", bevel=0.01, smooth=42)
+    hoops = join(*[lathe([(0.176 + r, 1.53 + 0.06 * k), (0.186 + r, 1.545 + 0.06 * k), (0.176 + r, 1.56 + 0.06 * k)], 20, close=False)
+                   for k, r in enumerate((0.0, 0.006, 0.014))]).scale(1.12, 1, 0.78).material("metal")
+    figure.part("torso", waist, "chest", bevel=0.01, smooth=42, detail=hoops)
     figure.part("girdle", lathe([(0.245, 1.36), (0.262, 1.44), (0.20, 1.50)], 10, start=18, close=False), "body", material="metal",
                 bevel=0.008)
     stomacher = prism([(-0.17, 0.17), (-0.06, -0.24), (0, -0.34), (0.06, -0.24), (0.17, 0.17), (0, 0.22)], 0.06, front=0.82)
     figure.part("stomacher", stomacher.drop(lambda c, n: n[2] < -0.9).rotate(y=180).rotate(x=-9).move(0, 1.93, -0.222), "chest",
                 material="metal", bevel=0.008)
     figure.part("neck", cylinder(0.085, 0.20, 6, top=0.075).move(0, 2.30, 0), "chest", material="dark", bevel=0.0)
-    blade = plate([(-0.055, 0.0), (0.055, 0.0), (0.095, 0.34), (0, 0.48), (-0.095, 0.34)], 0.035)
+    blade = plate([(-0.06, 0.0), (0.06, 0.0), (0.125, 0.42), (0, 0.60), (-0.125, 0.42)], 0.035)
     blade = blade.drop(lambda c, n: n[1] < -0.9)
     for k in range(5):
         lean = -68 + 34 * k
         height = 1.0 if k == 2 else 0.96 if k in (1, 3) else 0.86
         figure.part(f"blade{k}", blade.scale(1, height, 1).rotate(x=20).rotate(z=-lean).rotate(y=lean * 0.35).move(0, 2.26, 0.17), "fan",
                     bevel=0.006, like="blade0" if k else None)
+    ribbon = loft([[(x - w, y, z), (x + w, y, z), (x + w, y, z + 0.03), (x - w, y, z + 0.03)] for w, x, y, z in (
+        (0.11, 0.46, 0.80, 0.52), (0.085, 0.36, 1.28, 0.40), (0.07, 0.26, 1.75, 0.33), (0.055, 0.20, 2.20, 0.19))])
+    ribbon = ribbon.flip().warp(lambda x, y, z: (x, y - 0.16 * (x > 0.46) * (y < 0.9), z))
+    figure.pair("ribbon", ribbon, "ribbon", material="stripe", bevel=0.004)
     spine = plate([(-0.10, 0.20), (-0.13, 0.0), (-0.05, -0.30), (0.05, -0.30), (0.13, 0.0), (0.10, 0.20)], 0.10, 0.03)
     figure.part("spine", spine.drop(lambda c, n: n[2] < -0.9).rotate(x=7).move(0, 2.04, 0.24), "chest", material="trim", bevel=0.01)
 
@@ -118,7 +124,7 @@ def head(figure):
     crest = lathe([(0.225, 2.84), (0.15, 2.95), (0.0, 2.99)], 8, close=False).material("stripe")
     figure.part("crest", crest.move(0, 0, 0.02), "coronet", bevel=0.0, smooth=60)
     spike = Mesh([(-0.075, 0, 0.0), (0.075, 0, 0.0), (0, 0, 0.035), (0, 0.27, 0.02)], [(0, 2, 3), (2, 1, 3), (1, 0, 3)])
-    pearl = Mesh([(0, 0.062, 0), (0, -0.05, 0), (0.062, 0, 0), (0, 0, 0.062), (-0.062, 0, 0), (0, 0, -0.062)],
+    pearl = Mesh([(0, 0.075, 0), (0, -0.06, 0), (0.072, 0, 0), (0, 0, 0.072), (-0.072, 0, 0), (0, 0, -0.072)],
                  [(0, 3, 2), (0, 4, 3), (0, 5, 4), (0, 2, 5), (1, 2, 3), (1, 3, 4), (1, 4, 5), (1, 5, 2)]).material("light")
     point = (spike + pearl.move(0, 0.30, 0.02)).rotate(x=22).move(0, 2.915, 0.275)
     for k in range(8):
@@ -162,6 +168,12 @@ def hands(p, x=0.0, y=0.0, z=0.0, pitch=0.0, yaw=0.0, roll=0.0, lift=0.0):
         p.plant(f"arm.{side}", sign * x, y + (lift if sign < 0 else 0.0), z, pitch, sign * yaw, sign * roll, knee=(sign * 0.6, -0.3, 0.2))
 
 
+def ribbons(p, back=0.0, spread=0.0, i=0, sway=0.0, period=16):
+    """The two streamers behind her shoulders."""
+    for side, sign in (("R", 1), ("L", -1)):
+        p.turn(f"ribbon.{side}", x=-back + sway * wave(i, period, 0.2 * sign), z=sign * (spread + 0.6 * sway * wave(i, period, 0.3)))
+
+
 def petals(p, spread=0.0, back=0.0, i=0, sway=0.0, period=16):
     """The gown opens by `spread` degrees and is blown back by `back`."""
     for k, (name, heading) in enumerate(HEADINGS.items()):
@@ -176,6 +188,7 @@ def stand(p, i):
     look = keys(i, (0, 0), (2, 0), (5, -20), (8, -20), (11, 15), (14, 15), (16, 0))
     p.turn("chest", x=1.2 * breath, y=0.2 * look, z=1.2 * wave(i, 16, 0.25)).move("chest", y=0.012 * breath)
     p.turn("head", y=0.8 * look, x=2 + 2.5 * wave(i, 8, 0.2), z=0.12 * look).turn("fan", x=1.5 * wave(i, 16, 0.4))
+    ribbons(p, 0.0, 1.0, i, 2.0)
     hands(p, x=0.02 + 0.02 * wave(i, 16, 0.1), y=0.02 * breath, z=0.015 * wave(i, 16, 0.3), pitch=6 + 6 * wave(i, 16, 0.3),
           lift=0.02 * wave(i, 16, 0.4))
 
@@ -183,13 +196,14 @@ def stand(p, i):
 def fly(p, k, i=0):
     """Hovering flight: k from 0 (standing) to 1; i moves the bob."""
     bob = wave(i, 12) * k
-    p.move("body", y=k * FLIGHT + 0.045 * bob)
-    p.turn("body", x=-15 * k + 1.5 * wave(i, 12, 0.2) * k, z=1.5 * wave(i, 12, 0.35) * k)
+    p.move("body", y=k * FLIGHT + 0.045 * bob, z=-0.20 * k)
+    p.turn("body", x=-14 * k + 1.5 * wave(i, 12, 0.2) * k, z=1.5 * wave(i, 12, 0.35) * k)
     p.turn("chest", x=-3 * k + 1.2 * wave(i, 12, 0.3) * k).turn("head", x=15 * k - 1.5 * wave(i, 12, 0.3) * k + 2 * (1 - k))
     p.turn("fan", x=6 * k + 2.0 * wave(i, 6, 0.1) * k)
     petals(p, 6 * k, 13 * k, i, 2.5 * k, 12)
-    p.turn("jet", x=9 * k)
-    hands(p, x=0.02 + 0.17 * k, y=0.44 * k + 0.03 * bob, z=0.50 * k + 0.02 * wave(i, 12, 0.4) * k, pitch=6 - 46 * k, roll=26 * k)
+    ribbons(p, 26 * k, 6 * k, i, 6.0 * k, 6)
+    p.move("jet", y=-0.34 * k - 0.03 * bob, z=-0.10 * k).turn("jet", x=14 * k)  # the nozzle comes out to where its flame is
+    hands(p, x=0.02 + 0.17 * k, y=0.36 * k + 0.03 * bob, z=0.34 * k + 0.02 * wave(i, 12, 0.4) * k, pitch=6 - 46 * k, roll=26 * k)
 
 
 def run_start(p, i):
@@ -216,6 +230,7 @@ def damage(p, i):
     p.turn("gown", x=-8 * hit).turn("chest", x=15 * hit, y=-14 * hit).turn("head", x=18 * hit, y=10 * hit, z=-8 * hit)
     p.turn("fan", x=-10 * hit)
     petals(p, 4 * abs(hit), -7 * hit)
+    ribbons(p, -12 * hit, 10 * abs(hit))
     hands(p, x=0.02 + 0.10 * abs(hit), y=0.34 * abs(hit), z=-0.02 + 0.06 * hit, pitch=6 + 55 * abs(hit), lift=0.12 * abs(hit))
 
 
@@ -225,15 +240,16 @@ def attack(p, i):
     gather = keys(i, (8, 0), (16, 1), (ATTACK - 10, 1), (ATTACK - 4, 0))
     strain = gather * (1.0 + 0.5 * keys(i, (20, 0), (52, 1), (60, 0.2)))
     slow, quick = wave(i, 23), wave(i, 4, 0.1) * strain
-    p.move("body", y=0.16 * max(0.0, up) + 0.035 * slow * gather, z=0.10 * up)
-    p.turn("body", x=-6 * up + 1.5 * slow * gather, z=1.2 * wave(i, 31) * gather)
-    p.turn("chest", x=4 * up + 1.2 * wave(i, 17) * gather - 3 * strain * 0.5, y=2.5 * wave(i, 37) * gather)
-    p.turn("head", x=2 + 5 * up + 1.5 * wave(i, 19) * gather - 5 * keys(i, (14, 0), (30, 1), (70, 1), (84, 0)), y=2 * wave(i, 41) * gather)
+    p.move("body", y=0.16 * max(0.0, up) + 0.035 * slow * gather, z=-0.16 * up)
+    p.turn("body", x=-8 * up + 1.5 * slow * gather, z=1.2 * wave(i, 31) * gather)
+    p.turn("chest", x=-3 * up + 1.2 * wave(i, 17) * gather - 3 * strain * 0.5, y=2.5 * wave(i, 37) * gather)
+    p.turn("head", x=2 + 10 * up + 1.5 * wave(i, 19) * gather - 5 * keys(i, (14, 0), (30, 1), (70, 1), (84, 0)), y=2 * wave(i, 41) * gather)
     p.turn("fan", x=-14 * up + 1.2 * quick)
     petals(p, 9 * max(0.0, up) + 3 * gather, 0.0, i, 2.0 * gather, 23)
+    ribbons(p, 14 * up + 16 * gather, 10 * up, i, 5.0 * gather, 8)
     squeeze = 0.045 * wave(i, 13) * gather
-    hands(p, x=-0.13 * up - 0.10 * gather + squeeze + 0.02, y=0.24 * up + 0.012 * quick + 0.02 * slow * gather,
-          z=-0.72 * up + 0.012 * quick, pitch=6 + 22 * up + 3 * quick, yaw=20 * up, roll=-62 * up, lift=0.03 * wave(i, 29) * gather)
+    hands(p, x=-0.13 * up - 0.10 * gather + squeeze + 0.02, y=0.15 * up + 0.012 * quick + 0.02 * slow * gather,
+          z=-0.84 * up + 0.012 * quick, pitch=6 + 8 * up + 3 * quick, yaw=20 * up, roll=-62 * up, lift=0.03 * wave(i, 29) * gather)
 
 
 def death(p, i):
@@ -245,6 +261,7 @@ def death(p, i):
     p.turn("chest", x=20 * gasp - 20 * sink * (1 - fall), z=10 * fall)
     p.turn("head", x=26 * gasp - 26 * sink * (1 - 0.4 * fall), z=16 * fall).turn("fan", x=-16 * sink)
     petals(p, 30 * max(0.0, sink) * (1 - 0.55 * fall), 0.0)
+    ribbons(p, 20 * gasp + 12 * fall, 20 * gasp)
     for side, sign in (("R", 1), ("L", -1)):
         p.turn(f"upper.{side}", z=sign * (70 * gasp + 14 * fall), x=30 * sink - 20 * fall)
         p.turn(f"fore.{side}", x=30 * gasp - 20 * sink)
@@ -258,12 +275,13 @@ def decorate(paint, army):
     white = army == "white"
     plates = paint.material("plate")
     leaves = paint.part("petal") * plates
-    paint.lay(paint.inset(0.026) * leaves, "metal", 0.95)
+    border = "metal" if white else "trim"
+    paint.lay((1 - paint.inset(0.026)) * leaves, border, 0.95)
     paint.lines(paint.inset(0.038, 0.009) * leaves)
     round_axis = np.hypot(paint.pos[:, :, 0], paint.pos[:, :, 2])
-    for y in (0.55, 0.88, 1.14):
+    for y in (0.55, 0.89, 1.02):
         paint.lines(paint.band("y", y, 0.011) * leaves)
-    paint.lay(paint.above("y", 0.90) * (1 - paint.above("y", 1.12)) * leaves, "stripe" if white else "trim", 0.9)
+    paint.lay(paint.above("y", 0.905) * (1 - paint.above("y", 1.01)) * leaves, "stripe" if white else "mark", 0.85)
     for name, heading in HEADINGS.items():
         if name not in ("back.R", "side.R", "back"):
             continue
@@ -271,7 +289,7 @@ def decorate(paint, army):
         middle = paint.soft(np.abs(paint.pos @ across), 0.010)
         paint.lines(middle * leaves * paint.part(f"petal.{name}") * (1 - paint.above("y", 0.86)))
         if name == "back":
-            paint.outline(crest_mark(0.16), (0, 0.78, 0.55), across, (0, 1, 0), "stripe" if white else "mark", 0.95, 0.4, ("petal.back",))
+            paint.outline(crest_mark(0.15), (0, 0.90, 0.40), across, (0, 1, 0), "mark", 0.95, 0.4, ("petal.back",))
             continue
         place = out * (0.60 if name == "back.R" else 0.54) + (0, 0.40, 0)
         paint.outline(crest_mark(0.22), place, across, (0, 1, 0), "stripe" if white else "mark", 0.95, 0.4, (f"petal.{name}",))
@@ -286,14 +304,21 @@ def decorate(paint, army):
     paint.lines(paint.part("stomacher") * paint.inset(0.022, 0.008))
     paint.lamps(paint.near((0, 1.99, -0.25), 0.048) * paint.part("stomacher"))
     blades = paint.part("blade")
-    paint.lay(blades * paint.inset(0.016), "metal", 0.9)
-    paint.lay(blades * paint.material("plate") * (1 - paint.inset(0.034)) * np.maximum(paint.facing(z=1), paint.facing(z=-1)),
+    paint.lay(blades * (1 - paint.inset(0.020)), border, 0.9)
+    ribbon = paint.part("ribbon")
+    paint.lay(ribbon * (1 - paint.inset(0.018)), border, 0.9)
+    if not white:
+        paint.lay(ribbon * paint.inset(0.018), paint.tone("stripe") * 0.55)
+    paint.lay(blades * paint.material("plate") * paint.inset(0.034) * np.maximum(paint.facing(z=1), paint.facing(z=-1)),
               "stripe" if white else "trim", 0.85)
     paint.lines(paint.part("shoulder", "fore", "spine") * paint.inset(0.022, 0.008) * paint.material("plate", "trim"))
     for side in (1, -1):
-        for t in (0.45, 0.75):
-            centre = np.array((side * 0.5, 1.86, 0.14)) * (1 - t) + np.array((side * 0.47, 1.62, -0.22)) * t
-            paint.lamps(paint.ring(centre, 0.10, 0.014) * paint.part("fore") * plates)
+        down = (np.array(WRIST) - ELBOW) * (side, 1, 1)
+        down /= np.linalg.norm(down)
+        for t in (0.17, 0.30):
+            place = float(np.dot(np.array(ELBOW) * (side, 1, 1), down)) + t
+            own = paint.part("fore") * plates * (paint.pos[:, :, 0] * side > 0)
+            paint.lamps(paint.band(down, place, 0.016) * own)
 
     u, v = paint.pos[:, :, 0], paint.pos[:, :, 1]
     face = paint.part("head") * paint.facing(z=-1, least=0.35)
@@ -303,6 +328,7 @@ def decorate(paint, army):
     paint.lay(face * paint.soft(abs(slant), 0.036) * paint.soft(abs(abs(u) - 0.083), 0.066), "dark", 0.95)
     paint.lamps(face * paint.soft(abs(slant), 0.019) * paint.soft(abs(abs(u) - 0.083), 0.046))
     paint.lay(face * paint.soft(abs(v - 2.475), 0.012) * paint.soft(abs(u), 0.036), "wear" if white else "mark", 0.9)
+    paint.lay(paint.part("crest"), paint.tone("stripe") * 0.42)
     hair = paint.part("hair")
     paint.lines(hair * paint.soft(np.abs(u / 0.05 - np.rint(u / 0.05)) * 0.05, 0.005))
     for a in np.radians(np.arange(0, 360, 45)):
@@ -310,7 +336,7 @@ def decorate(paint, army):
         paint.lay(paint.near(gem, 0.042) * paint.part("band"), "line", 0.8).lamps(paint.near(gem, 0.030) * paint.part("band"))
     for a in np.radians(np.arange(0, 360, 36)):
         paint.rivets([(0.255 * np.sin(a), 1.405, 0.255 * np.cos(a))], 0.014, paint.part("girdle"))
-    return {"spill": 0.06, "wear": 0.55 if white else 0.45, "grime": 0.7, "dust": 0.3, "streaks": 0.3}
+    return {"spill": 0.045, "wear": 0.55 if white else 0.45, "grime": 0.7, "dust": 0.3, "streaks": 0.3}
 
 
 def crest_mark(size):
