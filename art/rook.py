@@ -109,13 +109,16 @@ def rear(figure):
     figure.part("engine", engine, "hull", material="trim", bevel=0.02, detail=join(*grilles))
     stack = lathe([(0.075, 0.70), (0.075, 1.22), (0.10, 1.26), (0.10, 1.42), (0.06, 1.43), (0, 1.34)], 6, close=False,
                   bands=["trim", "metal", "metal", "metal", "dark"])
+    hose = tube(curve([(0.40, 1.02, 0.60), (0.62, 1.16, 0.50), (0.74, 1.02, 0.36)], 2), 0.05, 5, caps=False)
     for side, sign in (("R", 1), ("L", -1)):
+        figure.part(f"hose.{side}", hose if sign > 0 else hose.mirror(), "hull", material="dark", bevel=0.0, smooth=60,
+                    like=None if sign > 0 else "hose.R", mirrored=sign < 0)
         figure.part(f"stack.{side}", stack.rotate(x=5).move(sign * 0.52, 0, 0.60), "hull", bevel=0.01,
                     like=None if sign > 0 else "stack.R")
 
 
 def build():
-    figure = Figure("rook", 0.45, skeleton(), seed=23, lift=0.7)
+    figure = Figure("rook", 0.45, skeleton(), seed=23, lift=0.55)
     wheels = join(*[lathe([(0.17, 0), (0.17, 0.03), (0.11, 0.03), (0.10, 0.015), (0.05, 0.015), (0.04, 0.04), (0, 0.045)],
                           14, close=False).rotate(z=-90).move(0.168, TURN_R, z) for z in (-0.42, 0, 0.42)]).material("metal")
     figure.pair("track", track(), "track", material="dark", bevel=0.01, detail=wheels.move(TRACK_X), density=0.8)
@@ -271,7 +274,7 @@ def decorate(paint, army):
     for angle in range(0, 360, 30):
         out = rotation(y=angle + 15) @ (0, 0, 1)
         paint.rivets([(0.80 * out[0], 2.0, 0.80 * out[2])], 0.018, paint.part("crown"))
-    return {"spill": 0.10, "wear": 1.0 if white else 0.75}
+    return {"spill": 0.10, "gain": 1.25, "wear": 1.0 if white else 0.75}
 
 
 if __name__ == "__main__":

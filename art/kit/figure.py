@@ -41,7 +41,7 @@ class Figure:
     def __init__(self, name, scale, rig=None, seed=1, home=None, lift=0.35):
         """`home` is the folder below "models" where the files go, "chess3d/<name>" by itself. The game's only light
         stands straight above, so that an upright wall would get none of it: `lift` is how far the written normals
-        lean upwards to catch some."""
+        lean upwards to catch some; level faces and those of the material "dark" stay as they are."""
         self.name, self.scale, self.rig, self.seed = name, scale, rig or Rig().bone("root", (0, 0, 0)), seed
         self.home = home or f"chess3d/{name}"
         self.lift = lift
@@ -107,13 +107,15 @@ class Figure:
         """Writes the model; `uv` is a list for each part of lists for each polygon of corner coordinates. `low` and
         `step`, in world units, fix the grid of the packed vertices where planes must lie on a step."""
         rows, normals = self.corner_data()
-        vertices, vertex_index, vertex_of = [], {}, []
+        vertices, vertex_index, vertex_of, lifts = [], {}, [], []
         coords, coord_index, coord_of = [], {}, []
         for (part, polygon, corner), normal in zip(rows, normals):
-            vertex = (part, self.parts[part].mesh.f[polygon][corner], *np.round(normal, 2))
+            hollow = (self.parts[part].mesh.m[polygon] or self.parts[part].material) == "dark"
+            vertex = (part, self.parts[part].mesh.f[polygon][corner], hollow, *np.round(normal, 2))
             vertex_of.append(vertex_index.setdefault(vertex, len(vertex_index)))
             if len(vertex_index) > len(vertices):
                 vertices.append((part, self.parts[part].mesh.v[self.parts[part].mesh.f[polygon][corner]], normal))
+                lifts.append(0.0 if hollow else self.lift)
             coord = tuple(np.round(uv[part][polygon][corner] * files.SKIN).astype(int))
             coord_of.append(coord_index.setdefault(coord, len(coord_index)))
             if len(coord_index) > len(coords):
@@ -132,7 +134,8 @@ class Figure:
                 if ground:
                     points = grounded(points, [pose.loose()[b] for b in bones])
                 turned = np.einsum("nij,nj->ni", stack[:, :3, :3], rest_normals)
-                turned = turned / np.linalg.norm(turned, axis=1, keepdims=True) + (0, self.lift, 0)
+                turned /= np.linalg.norm(turned, axis=1, keepdims=True)
+                turned[:, 1] += np.array(lifts) * (1 - turned[:, 1] ** 2)
                 turned /= np.linalg.norm(turned, axis=1, keepdims=True)
                 frames.append((f"{clip}{i:02d}", points / self.scale, turned))
         corners = np.stack([np.array(vertex_of).reshape(-1, 3), np.array(coord_of).reshape(-1, 3)], axis=2)

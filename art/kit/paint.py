@@ -246,9 +246,9 @@ class Paint:
 
     # The end
 
-    def finish(self, wear=1.0, grime=1.0, dust=0.5, streaks=0.6, spill=0.12, occlusion=1.0):
+    def finish(self, wear=1.0, grime=1.0, dust=0.5, streaks=0.6, spill=0.12, occlusion=1.0, gain=1.0):
         """Edge wear, occlusion, grime in corners, streaks that run down, dust on what is near the floor, lamps and
-        the light they spill. Answers the finished picture, filled out between the islands."""
+        the light they spill. `gain` brightens the paint of a figure whose material returns little light. Answers the finished picture, filled out between the islands."""
         maps = self.maps
         armour = self.material("plate", "trim", "stripe")
         bare = self.material("metal", "chrome", "dark")
@@ -266,7 +266,8 @@ class Paint:
         self.lay(low * dust, "dust")
 
         dark = (0.42 + 0.58 * np.clip(maps.ao, 0, 1) ** occlusion) * (0.48 + 0.52 * shade ** occlusion)
-        self.color *= (dark * (1 + 0.06 * self.nrm[:, :, 1]))[:, :, None]
+        tops = 1 - 0.20 * np.clip(self.nrm[:, :, 1], 0, 1)  # the game's light stands above and is bright enough there
+        self.color *= (dark * tops * gain)[:, :, None]
 
         ridge = np.clip(np.maximum(maps.edge, self.soft(self.rim, 0.007) * (maps.ao > 0.75)), 0, 1) * self.worn
         self.lay(ridge * smoothstep(0.15, 0.5, broken) * armour * wear, "edge", 0.6)

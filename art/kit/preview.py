@@ -19,13 +19,16 @@ else:
     from kit import files
     from kit.mesh import rotation
 
-AMBIENT, DIFFUSE = 0.42, 0.72  # what the game's light from straight above gives a figure's picture
+# What the game's light from straight above gives: ambient, diffuse, highlight and its exponent, by model.
+LIGHT = {"rook": (0.12, 0.64, 0.64, 20), "queen": (0.24, 0.40, 0.64, 20)}
+FIGURE_LIGHT = (0.42, 0.72, 0.80, 10)
 BACKGROUND = np.array([0.21, 0.20, 0.30])
 
 
-def render(points, normals, triangles, uv, picture, view, width, height, zoom, centre=(0, 1.1, 0), soft=2, light=True):
+def render(points, normals, triangles, uv, picture, view, width, height, zoom, centre=(0, 1.1, 0), soft=2,
+           light=FIGURE_LIGHT):
     """Draws one mesh with parallel projection. `view` turns model space so that the viewer looks along -z; `zoom`
-    is pixels a unit; `soft` is samples a pixel along each axis. Answers pixels from the top row down."""
+    is pixels a unit; `soft` is samples a pixel along each axis; `light` is as in LIGHT, or None for the bare picture. Answers pixels from the top row down."""
     w, h = width * soft, height * soft
     seen = (points - centre) @ view.T
     screen = np.stack([seen[:, 0] * zoom * soft + w / 2, h / 2 - seen[:, 1] * zoom * soft, seen[:, 2]], axis=1)
@@ -60,8 +63,11 @@ def render(points, normals, triangles, uv, picture, view, width, height, zoom, c
     normal /= np.maximum(np.linalg.norm(normal, axis=1, keepdims=True), 1e-9)
     colour = sample(picture, coordinates)
     if light:
-        up = normal @ view[:, 1]
-        colour = colour * np.minimum(AMBIENT + DIFFUSE * np.clip(up, 0, 1), 1)[:, None]
+        ambient, diffuse, highlight, exponent = light
+        up = np.clip(normal @ view[:, 1], 0, 1)
+        half = view[:, 1] + (0, 0, 1)
+        shine = np.clip(normal @ (half / np.linalg.norm(half)), 0, 1) ** exponent * (up > 0)
+        colour = np.minimum(colour * np.minimum(ambient + diffuse * up, 1)[:, None] + highlight * shine[:, None], 1)
     image = np.tile(BACKGROUND, (w * h, 1))
     image[found] = colour
     return image.reshape(height, soft, width, soft, 3).mean(axis=(1, 3))
@@ -90,14 +96,15 @@ def load(folder, scale):
     folder = Path(folder)
     model = files.Md2(folder / f"{folder.name}.md2")
     model.frames = [f * scale for f in model.frames]
+    model.light = LIGHT.get(folder.name, FIGURE_LIGHT)
     pictures = {path.stem: files.read_tga(path) / 255.0 for path in sorted(folder.glob("*.tga"))}
     return model, pictures
 
 
-def tile(model, picture, frame, view, size=220, units=3.6, centre=(0, 1.2, 0), light=True):
+def tile(model, picture, frame, view, size=220, units=3.6, centre=(0, 1.2, 0)):
     """One picture of one frame, `units` of the world across."""
     return render(model.frames[frame], model.normals[frame], model.triangles, model.uv, picture, VIEWS[view], size, size,
-                  size / units, centre, light=light)
+                  size / units, centre, light=model.light)
 
 
 def sheet(folder, scale, out, size=200, units=3.6, centre=(0, 1.2, 0), per_group=6, groups=None, view="quarter"):
@@ -125,7 +132,8 @@ def small(folder, scale, out, zoom=22.0):
     model, pictures = load(folder, scale)
     tiles = []
     for name, view in (("white", "camera"), ("black", "camera_front")):
-        image = render(model.frames[0], model.normals[0], model.triangles, model.uv, pictures[name], VIEWS[view], 90, 90, zoom)
+        image = render(model.frames[0], model.normals[0], model.triangles, model.uv, pictures[name], VIEWS[view], 90, 90, zoom,
+                       light=model.light)
         tiles.append(image.repeat(3, axis=0).repeat(3, axis=1))
     files.write_png(out, np.concatenate(tiles, axis=1))
 

@@ -16,7 +16,7 @@ CONTACT = 0.15  # world units between a contact point and the nearest surface
 FOOTPRINT = 1.55  # a standing figure keeps inside this radius
 GUN = 0.45  # what is nearer than this to a contact point may stand out of the footprint
 FAULTY = 0.01  # share of triangles that may be degenerate or flipped
-LIGHTNESS = 50  # levels between the mean lightness of the two armies
+LIGHTNESS = 40  # levels between the mean lightness of the two armies
 
 WALKER = (("stand", 12, 20), ("run", 10, 12), ("damage", 6, 8), ("attack", 8, 12), ("death", 22, 26))
 HOVERER = (("stand", 12, 20), ("run_start", 2, 12), ("run", 10, 12), ("run_end", 2, 12), ("damage", 6, 8),
