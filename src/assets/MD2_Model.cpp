@@ -1,6 +1,7 @@
 #include "assets/MD2_Model.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <iostream>
@@ -52,7 +53,7 @@ void DisableArrays() {
 }
 
 const void* BufferOffset(std::size_t bytes) {
-    return reinterpret_cast<const void*>(bytes);
+    return std::bit_cast<const void*>(bytes);
 }
 
 }  // namespace
