@@ -22,7 +22,7 @@ MOUTH = -18.8
 PALETTE = {
     "stone_light": (0.70, 0.68, 0.65), "stone_dark": (0.41, 0.42, 0.48), "plate": (0.50, 0.51, 0.56),
     "trim": (0.36, 0.37, 0.43), "metal": (0.62, 0.47, 0.29), "dark": (0.12, 0.12, 0.14), "chrome": (0.74, 0.75, 0.78),
-    "light": (0.80, 0.66, 1.00), "mark": (0.93, 0.84, 0.62), "wear": (0.80, 0.80, 0.82), "grime": (0.12, 0.10, 0.10),
+    "light": (0.80, 0.66, 1.00), "mark": (1.00, 0.93, 0.72), "wear": (0.80, 0.80, 0.82), "grime": (0.12, 0.10, 0.10),
     "dust": (0.40, 0.38, 0.40), "line": (0.10, 0.10, 0.12), "stripe": (0.78, 0.58, 0.20), "hot": (1.00, 0.62, 0.24),
 }
 
@@ -576,7 +576,7 @@ def main():
     figure.write(maps.uv, low=LOW, step=STEP)
     paint = Paint(figure, maps, PALETTE, 3)
     decorate(paint)
-    picture = windows(paint, paint.finish(dust=0, wear=0.9, grime=0.9, spill=0.5))
+    picture = windows(paint, paint.finish(dust=0, wear=0.9, grime=0.6, spill=0.5))
     write_tga(figure.folder() / "chessboard.tga", picture)
     write_tga(figure.folder() / "chessboard_normal.tga", paint.normal_picture())
 

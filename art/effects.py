@@ -86,7 +86,7 @@ def grain():
     rng = np.random.default_rng(SEED + 6)
     x, y, r, _ = plane(64)
     mote = np.exp(-((r / 0.10) ** 2))
-    veil = 0.24 * np.exp(-((r / 0.48) ** 2)) * (0.75 + 0.5 * billows(rng, x, y, 5, 3))
+    veil = 0.34 * np.exp(-((r / 0.48) ** 2)) * (0.75 + 0.5 * billows(rng, x, y, 5, 3))
     return picture((mote + veil) * fade(r, 0.45), (0.86, 0.93, 1.0))
 
 
@@ -96,8 +96,8 @@ def glow():
     x, y, r, angle = plane(128)
     turns = (angle + 0.9 * r) / np.pi
     threads = billows(rng, np.abs((turns + 1) % 2 - 1) * 2 - 1, 0.25 * r, 9, 3)
-    heart = 0.66 * np.exp(-((r / 0.20) ** 2))
-    body = 0.42 * np.exp(-((r / 0.50) ** 2)) * (0.72 + 0.62 * np.clip(threads - 0.35, 0, 1))
+    heart = 0.26 * np.exp(-((r / 0.16) ** 2))
+    body = 0.24 * np.exp(-((r / 0.50) ** 2)) * (0.72 + 0.62 * np.clip(threads - 0.35, 0, 1))
     return picture((heart + body + 0.06 * (1 - r).clip(0)) * fade(r, 0.30), (0.90, 0.92, 1.0))
 
 
