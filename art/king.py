@@ -184,14 +184,14 @@ def hold(p, x=0.0, y=0.0, z=0.0, pitch=0.0, yaw=0.0, roll=0.0):
 
 def stand(p, i):
     """It breathes like a bellows, surveys the field; the hand stays on the mace."""
-    breath = wave(i, 16)
-    p.move("body", y=-0.014 + 0.014 * breath)
+    breath = sway(i, 16)
+    p.move("body", y=0.014 * sway(i, 16, 0.25))
     look = keys(i, (0, 0), (2, 0), (5, 17), (8, 17), (11, -14), (14, -14), (16, 0))
-    p.turn("chest", x=1.3 * wave(i, 16, 0.2), y=0.18 * look).turn("head", y=0.8 * look, x=2.0 * wave(i, 8, 0.1))
+    p.turn("chest", x=1.3 * sway(i, 16, 0.2), y=0.18 * look).turn("head", y=0.8 * look, x=2.0 * sway(i, 8, 0.1))
     for side, sign in (("R", 1), ("L", -1)):
-        p.turn(f"shoulder.{side}", z=sign * (2.5 * wave(i, 16, 0.15)))
-        p.turn(f"cape.{side}", x=-1.5 + 1.5 * wave(i, 16, 0.35))
-    p.turn("upper.L", x=3 * wave(i, 16, 0.1), z=-2.0 + 2.0 * wave(i, 16)).turn("fore.L", x=5 * wave(i, 16, 0.2))
+        p.turn(f"shoulder.{side}", z=sign * (2.5 * sway(i, 16, 0.15)))
+        p.turn(f"cape.{side}", x=1.5 * sway(i, 16, 0.3))
+    p.turn("upper.L", x=3 * sway(i, 16, 0.1), z=2.0 * sway(i, 16, 0.25)).turn("fore.L", x=5 * sway(i, 16, 0.2))
     hold(p, y=0.004 * breath)
     p.plant("R").plant("L")
 

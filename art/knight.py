@@ -73,8 +73,8 @@ def neck(figure):
                   ring(0.185, 0.27, 2.04, -0.42, (0, 1, -0.1))], caps=(False, True))
     hoses = join(*[tube(curve([(s * 0.245, 1.74, -0.40), (s * 0.225, 1.85, -0.47), (s * 0.195, 1.99, -0.52)], 4), 0.024, 6) for s in (-1, 1)])
     figure.part("neck", lower, "neck", bevel=0.012, smooth=45, detail=hoses.material("dark"))
-    upper = loft([ring(0.19, 0.26, 1.97, -0.40, (0, 1, -0.2)), ring(0.165, 0.24, 2.16, -0.42, (0, 1, 0.0)),
-                  ring(0.13, 0.17, 2.33, -0.38, (0, 1, 0.3))], caps=(False, True))
+    upper = loft([ring(0.165, 0.215, 1.97, -0.385, (0, 1, -0.2)), ring(0.165, 0.24, 2.16, -0.42, (0, 1, 0.0)),
+                  ring(0.13, 0.17, 2.33, -0.38, (0, 1, 0.3))])
     figure.part("crest", grown(upper), "crest", bevel=0.012, smooth=45)
     fin = plate([(-0.02, -0.10), (0.20, -0.02), (0.27, 0.16), (0.06, 0.14), (-0.02, 0.12)], 0.07).drop(lambda c, n: n[0] < -0.9)
     spots = ((1.70, 0.06, "neck", -58, 1.0), (1.90, -0.10, "neck", -70, 1.05), (2.07, -0.17, "crest", -82, 1.05), (2.23, -0.19, "crest", -98, 1.0),
@@ -161,34 +161,34 @@ def look(p, turn, nod=0.0):
 
 def stand(p, i):
     """A horse at rest: it watches to one side, tosses its head, shifts a hoof, swings its tail."""
-    breath = wave(i, 16)
+    breath = sway(i, 16)
     toss = keys(i, (0, 0), (9, 0), (10, 1, ease_out), (11, -0.25), (12, 0.7), (13, -0.2), (15, 0), (16, 0))
-    p.move("body", y=-0.012 + 0.012 * breath)
-    look(p, GAZE + 4 * wave(i, 16, 0.2), 4 * wave(i, 16, 0.1) - 15 * toss)
+    p.move("body", y=0.012 * sway(i, 16, 0.25))
+    look(p, GAZE + 4 * sway(i, 16, 0.2), 4 * sway(i, 16, 0.1) - 15 * toss)
     for side, sign in (("R", 1), ("L", -1)):
-        p.turn(f"ear.{side}", x=8 * wave(i, 8, 0.25 * sign) + 10 * toss, z=-3 * sign * wave(i, 16, 0.3))
+        p.turn(f"ear.{side}", x=8 * sway(i, 8, 0.25 * sign) + 10 * toss, z=-3 * sign * sway(i, 16, 0.3))
     p.turn("jaw", x=-5 * max(0.0, toss))
-    p.turn("tail", y=7 * wave(i, 8), x=2 * breath).turn("tail.end", y=5 * wave(i, 8, -0.15), x=-4 * wave(i, 16, 0.3))
+    p.turn("tail", y=7 * sway(i, 8), x=2 * breath).turn("tail.end", y=5 * sway(i, 8, -0.15), x=-4 * sway(i, 16, 0.3))
     for name in LEGS:
         p.plant(name)
     paw = keys(i, (0, 0), (2, 0), (3, 1), (4, 0.2), (5, 1), (6, 0), (16, 0))
     p.plant("fore.L", y=0.10 * paw, z=-0.05 * paw, pitch=-24 * paw)
 
 
-def hover(p, k, i=0, sway=1.0, gaze=None):
+def hover(p, k, i=0):
     """Legs drawn up as in a leap, pods open: k from 0 (standing) to 1."""
-    bob = wave(i, 12) * k * sway
+    bob = sway(i, 12) * k
     p.move("body", y=0.05 * k + 0.035 * bob)
-    p.turn("body", x=3 * k + 1.6 * wave(i, 12, 0.25) * k * sway, z=1.5 * wave(i, 12, 0.4) * k * sway)
-    look(p, (GAZE if gaze is None else gaze) * (1 - 0.55 * k), 10 * k + 2 * wave(i, 12, 0.15) * k)
-    p.turn("tail", x=52 * k + 4 * wave(i, 12, 0.3) * k).turn("tail.end", x=14 * k + 7 * wave(i, 12, 0.1) * k, y=5 * wave(i, 12, 0.5) * k)
+    p.turn("body", x=3 * k + 1.6 * sway(i, 12, 0.25) * k, z=1.5 * sway(i, 12, 0.4) * k)
+    look(p, GAZE * (1 - 0.55 * k), 10 * k + 2 * sway(i, 12, 0.15) * k)
+    p.turn("tail", x=52 * k + 4 * sway(i, 12, 0.3) * k).turn("tail.end", x=14 * k + 7 * sway(i, 12, 0.1) * k, y=5 * sway(i, 12, 0.5) * k)
     for side, sign in (("R", 1), ("L", -1)):
-        swing = 2.5 * wave(i, 12, 0.2 * sign) * k * sway
+        swing = 2.5 * sway(i, 12, 0.2 * sign) * k
         p.turn(f"forethigh.{side}", x=(70 if sign > 0 else 58) * k + swing, z=4 * sign * k)
         p.turn(f"foreshin.{side}", x=-(122 if sign > 0 else 108) * k + swing).turn(f"forehoof.{side}", x=-22 * k)
         p.turn(f"hindthigh.{side}", x=22 * k - swing, z=6 * sign * k)
         p.turn(f"hindshin.{side}", x=-(96 if sign > 0 else 88) * k + swing).turn(f"hindhoof.{side}", x=-26 * k)
-        p.turn(f"pod.{side}", x=-52 * k + 5 * wave(i, 6, 0.3 * sign) * k, z=8 * sign * k)
+        p.turn(f"pod.{side}", x=-52 * k + 5 * sway(i, 6, 0.3 * sign) * k, z=8 * sign * k)
         p.turn(f"ear.{side}", x=22 * k)
 
 
@@ -196,7 +196,7 @@ def run_start(p, i):
     """It crouches, kicks off, and draws up its legs; the body hangs in its place, for the board lifts it."""
     crouch = keys(i, (0, 0), (3, 1), (5, 0.0, ease_in), (11, 0))
     k = keys(i, (0, 0), (3, 0.0), (8, 1.06), (11, 1))
-    hover(p, max(0.0, k), 0, 0.0)
+    hover(p, max(0.0, k))
     p.move("body", y=-0.17 * crouch).turn("body", x=-4 * crouch)
     p.turn("neck", x=-9 * crouch).turn("tail", x=10 * crouch)
     for side in ("R", "L"):
@@ -214,7 +214,7 @@ def run_end(p, i):
     """The legs come down, take the weight with a dip, and the head goes back to its watch."""
     k = keys(i, (0, 1), (5, 0.0), (11, 0))
     dip = keys(i, (0, 0), (4, 0), (6, 1), (8, -0.10), (11, 0))
-    hover(p, k, 0, 0.0)
+    hover(p, k)
     p.move("body", y=-0.15 * dip).turn("body", x=-2 * dip).turn("neck", x=-10 * dip).turn("tail", x=-8 * dip)
     if i >= 5:
         for name in LEGS:
@@ -238,7 +238,7 @@ def attack(p, i):
     aim = keys(i, (0, 0), (1, 1, ease_out), (5, 0.9), (9, 0))
     thrust = keys(i, (0, 0), (1, 0.8), (2, 1), (4, 0.85), (6, -0.25), (9, 0))
     shake = (0.0, 0.8, -1.0, 0.9, -0.6, 0.3, 0.0, 0.0, 0.0, 0.0)[i]
-    hover(p, 1.0, 0, 1.0)
+    hover(p, 1.0)
     p.move("body", y=0.13 * thrust, x=0.012 * shake).turn("body", x=3 * thrust + 1.2 * shake, z=1.5 * shake)
     p.move("jet", y=0.03 * shake - 0.05 * aim)
     look(p, -8 * aim, -40 * aim)

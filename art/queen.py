@@ -168,42 +168,42 @@ def hands(p, x=0.0, y=0.0, z=0.0, pitch=0.0, yaw=0.0, roll=0.0, lift=0.0):
         p.plant(f"arm.{side}", sign * x, y + (lift if sign < 0 else 0.0), z, pitch, sign * yaw, sign * roll, knee=(sign * 0.6, -0.3, 0.2))
 
 
-def ribbons(p, back=0.0, spread=0.0, i=0, sway=0.0, period=16):
+def ribbons(p, back=0.0, spread=0.0, i=0, stir=0.0, period=16):
     """The two streamers behind her shoulders."""
     for side, sign in (("R", 1), ("L", -1)):
-        p.turn(f"ribbon.{side}", x=-back + sway * wave(i, period, 0.2 * sign), z=sign * (spread + 0.6 * sway * wave(i, period, 0.3)))
+        p.turn(f"ribbon.{side}", x=-back + stir * sway(i, period, 0.2 * sign), z=sign * (spread + 0.6 * stir * sway(i, period, 0.3)))
 
 
-def petals(p, spread=0.0, back=0.0, i=0, sway=0.0, period=16):
+def petals(p, spread=0.0, back=0.0, i=0, stir=0.0, period=16):
     """The gown opens by `spread` degrees and is blown back by `back`."""
     for k, (name, heading) in enumerate(HEADINGS.items()):
         out = rotation(y=heading) @ (0, 0, 1)
-        open_by = spread + sway * wave(i, period, 0.17 * k)
+        open_by = spread + stir * sway(i, period, 0.17 * k)
         p.turn(f"petal.{name}", x=-open_by * out[2] - back * (1.0 if out[2] < 0.5 else 0.6), z=open_by * out[0])
 
 
 def stand(p, i):
     """She stands on the points of her gown and breathes; the head follows the game, the hands are ready."""
-    breath = wave(i, 16)
+    breath = sway(i, 16)
     look = keys(i, (0, 0), (2, 0), (5, -20), (8, -20), (11, 15), (14, 15), (16, 0))
-    p.turn("chest", x=1.2 * breath, y=0.2 * look, z=1.2 * wave(i, 16, 0.25)).move("chest", y=0.012 * breath)
-    p.turn("head", y=0.8 * look, x=2 + 2.5 * wave(i, 8, 0.2), z=0.12 * look).turn("fan", x=1.5 * wave(i, 16, 0.4))
-    ribbons(p, 0.0, 1.0, i, 2.0)
-    hands(p, x=0.02 + 0.02 * wave(i, 16, 0.1), y=0.02 * breath, z=0.015 * wave(i, 16, 0.3), pitch=6 + 6 * wave(i, 16, 0.3),
-          lift=0.02 * wave(i, 16, 0.4))
+    p.turn("chest", x=1.2 * breath, y=0.2 * look, z=1.2 * sway(i, 16, 0.25)).move("chest", y=0.012 * breath)
+    p.turn("head", y=0.8 * look, x=2.5 * sway(i, 8, 0.2), z=0.12 * look).turn("fan", x=1.5 * sway(i, 16, 0.4))
+    ribbons(p, 0.0, 0.0, i, 2.0)
+    hands(p, x=0.02 * sway(i, 16, 0.1), y=0.02 * breath, z=0.015 * sway(i, 16, 0.3), pitch=6 * sway(i, 16, 0.3),
+          lift=0.02 * sway(i, 16, 0.4))
 
 
 def fly(p, k, i=0):
     """Hovering flight: k from 0 (standing) to 1; i moves the bob."""
-    bob = wave(i, 12) * k
+    bob = sway(i, 12) * k
     p.move("body", y=k * FLIGHT + 0.045 * bob, z=-0.20 * k)
-    p.turn("body", x=-14 * k + 1.5 * wave(i, 12, 0.2) * k, z=1.5 * wave(i, 12, 0.35) * k)
-    p.turn("chest", x=-3 * k + 1.2 * wave(i, 12, 0.3) * k).turn("head", x=15 * k - 1.5 * wave(i, 12, 0.3) * k + 2 * (1 - k))
-    p.turn("fan", x=6 * k + 2.0 * wave(i, 6, 0.1) * k)
+    p.turn("body", x=-14 * k + 1.5 * sway(i, 12, 0.2) * k, z=1.5 * sway(i, 12, 0.35) * k)
+    p.turn("chest", x=-3 * k + 1.2 * sway(i, 12, 0.3) * k).turn("head", x=15 * k - 1.5 * sway(i, 12, 0.3) * k)
+    p.turn("fan", x=6 * k + 2.0 * sway(i, 6, 0.1) * k)
     petals(p, 6 * k, 13 * k, i, 2.5 * k, 12)
     ribbons(p, 26 * k, 6 * k, i, 6.0 * k, 6)
     p.move("jet", y=-0.34 * k - 0.03 * bob, z=-0.10 * k).turn("jet", x=14 * k)  # the nozzle comes out to where its flame is
-    hands(p, x=0.02 + 0.17 * k, y=0.36 * k + 0.03 * bob, z=0.34 * k + 0.02 * wave(i, 12, 0.4) * k, pitch=6 - 46 * k, roll=26 * k)
+    hands(p, x=0.18 * k, y=0.36 * k + 0.03 * bob, z=0.34 * k + 0.02 * sway(i, 12, 0.4) * k, pitch=-40 * k, roll=26 * k)
 
 
 def run_start(p, i):
@@ -231,7 +231,7 @@ def damage(p, i):
     p.turn("fan", x=-10 * hit)
     petals(p, 4 * abs(hit), -7 * hit)
     ribbons(p, -12 * hit, 10 * abs(hit))
-    hands(p, x=0.02 + 0.10 * abs(hit), y=0.34 * abs(hit), z=-0.02 + 0.06 * hit, pitch=6 + 55 * abs(hit), lift=0.12 * abs(hit))
+    hands(p, x=0.12 * abs(hit), y=0.34 * abs(hit), z=0.04 * hit, pitch=61 * abs(hit), lift=0.12 * abs(hit))
 
 
 def attack(p, i):
@@ -243,13 +243,13 @@ def attack(p, i):
     p.move("body", y=0.16 * max(0.0, up) + 0.035 * slow * gather, z=-0.16 * up)
     p.turn("body", x=-8 * up + 1.5 * slow * gather, z=1.2 * wave(i, 31) * gather)
     p.turn("chest", x=-3 * up + 1.2 * wave(i, 17) * gather - 3 * strain * 0.5, y=2.5 * wave(i, 37) * gather)
-    p.turn("head", x=2 + 10 * up + 1.5 * wave(i, 19) * gather - 5 * keys(i, (14, 0), (30, 1), (70, 1), (84, 0)), y=2 * wave(i, 41) * gather)
+    p.turn("head", x=11 * up + 1.5 * wave(i, 19) * gather - 5 * keys(i, (14, 0), (30, 1), (70, 1), (84, 0)), y=2 * wave(i, 41) * gather)
     p.turn("fan", x=-14 * up + 1.2 * quick)
     petals(p, 9 * max(0.0, up) + 3 * gather, 0.0, i, 2.0 * gather, 23)
     ribbons(p, 14 * up + 16 * gather, 10 * up, i, 5.0 * gather, 8)
     squeeze = 0.045 * wave(i, 13) * gather
-    hands(p, x=-0.13 * up - 0.10 * gather + squeeze + 0.02, y=0.15 * up + 0.012 * quick + 0.02 * slow * gather,
-          z=-0.84 * up + 0.012 * quick, pitch=6 + 8 * up + 3 * quick, yaw=20 * up, roll=-62 * up, lift=0.03 * wave(i, 29) * gather)
+    hands(p, x=-0.13 * up - 0.10 * gather + squeeze, y=0.15 * up + 0.012 * quick + 0.02 * slow * gather,
+          z=-0.84 * up + 0.012 * quick, pitch=14 * up + 3 * quick, yaw=20 * up, roll=-62 * up, lift=0.03 * wave(i, 29) * gather)
 
 
 def death(p, i):
@@ -336,7 +336,7 @@ def decorate(paint, army):
         paint.lay(paint.near(gem, 0.042) * paint.part("band"), "line", 0.8).lamps(paint.near(gem, 0.030) * paint.part("band"))
     for a in np.radians(np.arange(0, 360, 36)):
         paint.rivets([(0.255 * np.sin(a), 1.405, 0.255 * np.cos(a))], 0.014, paint.part("girdle"))
-    return {"spill": 0.045, "wear": 0.55 if white else 0.45, "grime": 0.7, "dust": 0.3, "streaks": 0.3}
+    return {"spill": 0.045, "gain": 1.5 if white else 1.2, "wear": 0.55 if white else 0.45, "grime": 0.7, "dust": 0.3, "streaks": 0.3}
 
 
 def crest_mark(size):

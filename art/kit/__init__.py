@@ -26,14 +26,15 @@ seconds. The folder of the results is data/, or TOLVANE_DATA.
     mesh.py     parts: box, prism, plate, lathe, cylinder, ball, tube, curve, loft, piston, rivets, vent, lamp,
                  ring_of
     figure.py   Figure: part, pair, clip, bake, write
-    anim.py     Rig, Pose (turn, move, plant), keys, wave, kick, stride, easing
+    anim.py     Rig, Pose (turn, move, plant), keys, wave, sway, kick, stride, easing
     bake.py     unwrapping and baking (Blender)
     paint.py    Paint: masks and layers, write_pictures
     files.py    MD2, TGA and PNG
     preview.py  contact sheets (plain /usr/bin/python3)
 """
 
-from .anim import (FRAMES_A_SECOND, Rig, ease_in, ease_out, keys, kick, linear, overshoot, smooth, stride, wave)
+from .anim import (FRAMES_A_SECOND, Rig, ease_in, ease_out, keys, kick, linear, overshoot, smooth, stride, sway,
+                   wave)
 from .figure import Figure
 from .files import Md2, read_tga, write_md2, write_png, write_tga
 from .mesh import (Mesh, ball, box, chamfered, curve, cylinder, join, lathe, lamp, loft, oval, piston, plate, prism, ring_of,

@@ -62,6 +62,11 @@ def wave(frame, period, phase=0.0):
     return math.sin(2 * math.pi * (frame / period + phase))
 
 
+def sway(frame, period, phase=0.0):
+    """A wave that is 0 at frame 0, wherever in its period it begins there: what comes before and after meets it."""
+    return wave(frame, period, phase) - wave(0, period, phase)
+
+
 def kick(frame, start, size, fall=2.0):
     """A recoil: nothing before `start`, `size` at it, dying away over `fall` frames."""
     return 0.0 if frame < start else size * math.exp(-(frame - start) / fall)
