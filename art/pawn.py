@@ -81,7 +81,7 @@ def build():
     figure.pair("ear", bolt.move(HEAD_R - 0.02, HEAD[1] + 0.02, 0), "ear", material="metal", bevel=0.008)
     torso(figure)
     hose = tube(curve([(-0.10, 1.18, 0.38), (-0.14, 1.40, 0.46), (-0.10, 1.52, 0.32)], 2), 0.03, 4, caps=False)
-    figure.part("hose", hose, "collar", material="dark", bevel=0.0, smooth=60)
+    figure.part("hose", hose, "collar", material="rubber", bevel=0.0, smooth=60)
     for side in ("R", "L"):
         figure.part(f"gun.{side}", gun(MUZZLES[side]), f"gun.{side}", bevel=0.012, like=None if side == "R" else "gun.R")
     legs(figure)

@@ -111,7 +111,7 @@ def rear(figure):
                   bands=["trim", "metal", "metal", "metal", "dark"])
     hose = tube(curve([(0.40, 1.02, 0.60), (0.62, 1.16, 0.50), (0.74, 1.02, 0.36)], 2), 0.05, 5, caps=False)
     for side, sign in (("R", 1), ("L", -1)):
-        figure.part(f"hose.{side}", hose if sign > 0 else hose.mirror(), "hull", material="dark", bevel=0.0, smooth=60,
+        figure.part(f"hose.{side}", hose if sign > 0 else hose.mirror(), "hull", material="rubber", bevel=0.0, smooth=60,
                     like=None if sign > 0 else "hose.R", mirrored=sign < 0)
         figure.part(f"stack.{side}", stack.rotate(x=5).move(sign * 0.52, 0, 0.60), "hull", bevel=0.01,
                     like=None if sign > 0 else "stack.R")
@@ -121,7 +121,7 @@ def build():
     figure = Figure("rook", 0.45, skeleton(), seed=23, lift=0.55)
     wheels = join(*[lathe([(0.17, 0), (0.17, 0.03), (0.11, 0.03), (0.10, 0.015), (0.05, 0.015), (0.04, 0.04), (0, 0.045)],
                           14, close=False).rotate(z=-90).move(0.168, TURN_R, z) for z in (-0.42, 0, 0.42)]).material("metal")
-    figure.pair("track", track(), "track", material="dark", bevel=0.01, detail=wheels.move(TRACK_X), density=0.8)
+    figure.pair("track", track(), "track", material="rubber", bevel=0.01, detail=wheels.move(TRACK_X), density=0.8)
     for i in range(SHOES):
         for side in ("R", "L"):
             figure.part(f"shoe{i}.{side}", shoe(i) if side == "R" else shoe(i).move(-2 * TRACK_X), f"shoe{i}.{side}",
