@@ -14,7 +14,6 @@ add_library(project_options INTERFACE)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_options(project_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow
-  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>  # it blames its own strings
   $<$<BOOL:${TOLVANE_WERROR}>:-Werror>
   $<$<BOOL:${TOLVANE_SANITIZE}>:-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer>)
 target_link_options(project_options INTERFACE
