@@ -11,9 +11,9 @@ from kit import *
 SPEED = 2.8
 MOUTHS = {"R": (0.525, 1.98, -0.65), "L": (-0.525, 1.98, -0.65)}
 HIP, KNEE, ANKLE = (0.17, 1.14, 0.03), (0.22, 0.65, -0.13), (0.25, 0.13, 0.06)
-SLIT = np.array((0.03, 2.39, 0.0))
-TILT = 36.0  # of the slit, degrees
-GAP = 0.075
+SLIT = np.array((0.02, 2.42, 0.0))
+TILT = 38.0  # of the slit, degrees
+GAP = 0.085
 
 
 def skeleton():
@@ -36,7 +36,8 @@ def head(figure):
                   12, start=15)
     up = rotation(z=TILT) @ (0, 1, 0)
     figure.part("face", shape.clip(SLIT - up * GAP / 2, up, cap="light"), "head", bevel=0.012, smooth=45, density=1.2)
-    figure.part("mitre", shape.clip(SLIT + up * GAP / 2, -up, cap="light"), "cap", bevel=0.012, smooth=45, density=1.2)
+    upper = shape.clip(SLIT + up * GAP / 2, -up, cap="light").scale(0.90, 1, 0.90)  # the lit ledge below shows from above
+    figure.part("mitre", upper, "cap", bevel=0.012, smooth=45, density=1.2)
     figure.part("core", lathe([(0.22, 2.18), (0.265, 2.36), (0.13, 2.56)], 8, close=False), "head", material="light", bevel=0)
     figure.part("finial", ball(0.062, 7, 4).move(0, 2.768, 0), "cap", material="metal", bevel=0, smooth=60)
     circlet = lathe([(0.28, 2.03), (0.345, 2.075), (0.37, 2.14), (0.33, 2.155)], 12, start=15, close=False)

@@ -274,7 +274,7 @@ def decorate(paint, army):
     for angle in range(0, 360, 30):
         out = rotation(y=angle + 15) @ (0, 0, 1)
         paint.rivets([(0.80 * out[0], 2.0, 0.80 * out[2])], 0.018, paint.part("crown"))
-    return {"spill": 0.10, "gain": 1.25, "wear": 1.0 if white else 0.75}
+    return {"spill": 0.10, "gain": 1.15, "wear": 1.0 if white else 0.75}
 
 
 if __name__ == "__main__":

@@ -10,16 +10,14 @@ from .mesh import rotation
 # Materials of both armies, red green blue. "plate" is the armour, "trim" its second tone, "edge" its worn edges, "metal" what lies under
 # it (brass, gunmetal), "dark" hollows, "rubber" belts and hoses, "chrome" rods, "light" lamps, "mark" stencils, "wear" what shows
 # where the paint has gone, "grime" what gathers in corners, "dust" what the floor leaves on feet.
-WHITE = {"plate": (0.91, 0.87, 0.77), "trim": (0.78, 0.72, 0.60), "metal": (0.82, 0.60, 0.27), "dark": (0.20, 0.18, 0.17),
-         "rubber": (0.24, 0.21, 0.19),
-         "chrome": (0.86, 0.84, 0.78), "light": (0.30, 0.92, 1.00), "mark": (0.10, 0.30, 0.40), "wear": (0.66, 0.48, 0.22),
-         "edge": (0.99, 0.97, 0.91), "grime": (0.36, 0.27, 0.17), "dust": (0.55, 0.49, 0.44), "line": (0.30, 0.23, 0.16),
-         "stripe": (0.13, 0.47, 0.58)}
-BLACK = {"plate": (0.225, 0.23, 0.255), "trim": (0.33, 0.335, 0.36), "metal": (0.46, 0.475, 0.50), "dark": (0.10, 0.10, 0.11),
-         "rubber": (0.13, 0.13, 0.14),
-         "chrome": (0.60, 0.62, 0.65), "light": (1.00, 0.60, 0.10), "mark": (0.82, 0.53, 0.17), "wear": (0.58, 0.59, 0.62),
-         "edge": (0.47, 0.48, 0.51), "grime": (0.08, 0.07, 0.065), "dust": (0.36, 0.32, 0.33), "line": (0.05, 0.05, 0.055),
-         "stripe": (0.74, 0.43, 0.09)}
+WHITE = {"plate": (0.84, 0.80, 0.71), "trim": (0.72, 0.66, 0.55), "metal": (0.76, 0.55, 0.25), "dark": (0.19, 0.17, 0.16),
+         "rubber": (0.23, 0.20, 0.18), "chrome": (0.80, 0.78, 0.73), "light": (0.30, 0.92, 1.00), "mark": (0.10, 0.30, 0.40),
+         "wear": (0.62, 0.45, 0.20), "edge": (0.96, 0.93, 0.87), "grime": (0.36, 0.27, 0.17), "dust": (0.52, 0.46, 0.41),
+         "line": (0.28, 0.21, 0.15), "stripe": (0.12, 0.44, 0.55)}
+BLACK = {"plate": (0.175, 0.18, 0.20), "trim": (0.255, 0.26, 0.285), "metal": (0.34, 0.355, 0.38), "dark": (0.08, 0.08, 0.09),
+         "rubber": (0.11, 0.11, 0.12), "chrome": (0.50, 0.52, 0.55), "light": (1.00, 0.60, 0.10), "mark": (0.80, 0.50, 0.15),
+         "wear": (0.48, 0.49, 0.52), "edge": (0.37, 0.38, 0.41), "grime": (0.07, 0.06, 0.055), "dust": (0.28, 0.25, 0.26),
+         "line": (0.04, 0.04, 0.045), "stripe": (0.72, 0.41, 0.08)}
 ARMIES = (("white", WHITE), ("black", BLACK))
 
 FONT = dict(zip("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-./+", (
