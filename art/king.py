@@ -21,7 +21,7 @@ BREAKS = 5.0  # frame of the last death in which the fire has torn off everythin
 def skeleton():
     rig = Rig().bone("root", (0, 0, 0)).bone("body", (0, 1.30, 0), "root").bone("chest", (0, 1.55, 0), "body")
     rig.bone("reactor", REACTOR, "chest").bone("head", (0, 2.46, -0.02), "chest").bone("crown", (0, 2.85, 0), "head")
-    rig.bone("cross", (0, 3.08, 0), "crown").bone("tabard", (0, 1.34, -0.34), "body")
+    rig.bone("cross", (0, 2.92, 0), "crown").bone("tabard", (0, 1.34, -0.34), "body")
     for side, sign in (("R", 1), ("L", -1)):
         def at(point):
             return (sign * point[0], *point[1:])
@@ -41,15 +41,15 @@ def crown(figure):
     for i in range(6):
         figure.part(f"point{i}", point.rotate(y=60 * i), "crown", material="metal", bevel=0.008, like="point0" if i else None,
                     density=1.1)
-    cap = lathe([(0.345, 2.80), (0.30, 2.96), (0.09, 3.07)], 8, close=False).material("stripe")
+    cap = lathe([(0.345, 2.80), (0.24, 2.865), (0.07, 2.875)], 8, close=False).material("stripe")
     figure.part("cap", cap, "crown", bevel=0.0, smooth=50)
-    figure.part("orb", lathe([(0.05, 3.03), (0.125, 3.11), (0.05, 3.19)], 6, close=False), "cross", material="light",
+    figure.part("orb", lathe([(0.07, 2.86), (0.135, 2.95), (0.05, 3.05)], 6, close=False), "cross", material="light",
                 bevel=0.0, smooth=60)
     arms = [(-0.045, 0.075), (-0.085, 0.235), (0.085, 0.235), (0.045, 0.075), (0.045, 0.055), (0.075, 0.045), (0.235, 0.085),
             (0.235, -0.085), (0.075, -0.045), (0.045, -0.055), (0.095, -0.235), (-0.095, -0.235), (-0.045, -0.055),
             (-0.075, -0.045), (-0.235, -0.085), (-0.235, 0.085), (-0.075, 0.045), (-0.045, 0.055)]
     outline = [p for k, p in enumerate(arms) if k not in (0, 3, 5, 8, 12, 17)]
-    cross = prism(outline, 0.12).scale(1.18).move(0, 3.39, 0)
+    cross = prism(outline, 0.12).scale(1.34, 1.34, 1.15).move(0, 3.34, 0)
     figure.part("cross", cross, "cross", material="metal", bevel=0.014, density=1.5)
 
 

@@ -336,7 +336,7 @@ def decorate(paint, army):
         paint.lay(paint.near(gem, 0.042) * paint.part("band"), "line", 0.8).lamps(paint.near(gem, 0.030) * paint.part("band"))
     for a in np.radians(np.arange(0, 360, 36)):
         paint.rivets([(0.255 * np.sin(a), 1.405, 0.255 * np.cos(a))], 0.014, paint.part("girdle"))
-    return {"spill": 0.045, "gain": 1.5 if white else 1.2, "wear": 0.55 if white else 0.45, "grime": 0.7, "dust": 0.3, "streaks": 0.3}
+    return {"spill": 0.045, "gain": 1.25 if white else 1.15, "wear": 0.55 if white else 0.45, "grime": 0.7, "dust": 0.3, "streaks": 0.3}
 
 
 def crest_mark(size):
