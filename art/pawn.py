@@ -36,7 +36,7 @@ def gun(mouth):
 
 
 def torso(figure):
-    ruff = lathe([(0.20, 1.19), (0.43, 1.225), (0.505, 1.265), (0.505, 1.305), (0.40, 1.345), (0.22, 1.39)], 13, close=False,
+    ruff = lathe([(0.20, 1.19), (0.43, 1.225), (0.505, 1.265), (0.505, 1.305), (0.41, 1.32), (0.22, 1.345)], 13, close=False,
                  bands=["dark", "metal", "metal", "plate", "plate"])
     figure.part("collar", ruff, "collar", bevel=0.012, smooth=30)
     hull = lathe([(0.17, 0.86), (0.27, 0.97), (0.36, 1.11), (0.31, 1.225)], 9, start=20, close=False,
@@ -189,7 +189,7 @@ def decorate(paint, army):
         angle = np.arctan2(paint.pos[:, :, 0], paint.pos[:, :, 2])
         blocks = np.abs(angle / np.radians(24) - np.floor(angle / np.radians(24)) - 0.5) < 0.25
         paint.lay(paint.soft(abs(radius - 0.452), 0.038) * collar * paint.facing(y=1) * blocks, "mark", 0.85)
-    paint.rivets([(0.36 * np.sin(a), 1.36, 0.36 * np.cos(a)) for a in np.radians(np.arange(0, 360, 36))], 0.014, collar)
+    paint.rivets([(0.36 * np.sin(a), 1.327, 0.36 * np.cos(a)) for a in np.radians(np.arange(0, 360, 36))], 0.014, collar)
     torso = paint.part("torso")
     paint.lines(paint.band("y", 1.10, 0.011) * torso)
     pawn = [(-5, -6), (5, -6), (4, -4), (1.6, -1.5), (1.4, 1), (2.6, 3.4), (1.5, 5.6), (-1.5, 5.6), (-2.6, 3.4), (-1.4, 1),
