@@ -36,7 +36,7 @@ def gun(mouth):
 
 
 def torso(figure):
-    ruff = lathe([(0.20, 1.19), (0.43, 1.225), (0.505, 1.265), (0.505, 1.305), (0.41, 1.32), (0.22, 1.345)], 13, close=False,
+    ruff = lathe([(0.20, 1.19), (0.43, 1.225), (0.505, 1.265), (0.505, 1.305), (0.41, 1.32), (0.17, 1.345)], 13, close=False,
                  bands=["dark", "metal", "metal", "plate", "plate"])
     figure.part("collar", ruff, "collar", bevel=0.012, smooth=30)
     hull = lathe([(0.17, 0.86), (0.27, 0.97), (0.36, 1.11), (0.31, 1.225)], 9, start=20, close=False,
