@@ -26,8 +26,9 @@ seconds. The folder of the results is data/, or TOLVANE_DATA.
     mesh.py     parts: box, prism, plate, lathe, cylinder, ball, tube, curve, loft, piston, rivets, vent, lamp,
                  ring_of
     figure.py   Figure: part, pair, clip, bake, write
-    anim.py     Rig, Pose (turn, move, plant), keys, wave, sway, kick, stride, easing
+    anim.py     Rig, Pose (turn, move, plant, throw), keys, wave, sway, kick, stride, easing
     bake.py     unwrapping and baking (Blender)
+    raster.py   from the unwrapped low mesh to texels
     paint.py    Paint: masks and layers, write_pictures
     files.py    MD2, TGA and PNG
     preview.py  contact sheets (plain /usr/bin/python3)

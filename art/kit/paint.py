@@ -5,7 +5,6 @@ Distances are in world units, so a panel line or a stencil is placed in space an
 import numpy as np
 
 from . import files
-from .mesh import rotation
 
 # Materials of both armies, red green blue. "plate" is the armour, "trim" its second tone, "edge" its worn edges, "metal" what lies under
 # it (brass, gunmetal), "dark" hollows, "rubber" belts and hoses, "chrome" rods, "light" lamps, "mark" stencils, "wear" what shows
