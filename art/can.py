@@ -13,21 +13,52 @@ from kit import *  # noqa: E402,F403
 RADIUS, LOW, HIGH = 0.30, 0.10, 0.93
 WALL = 2 * np.pi * RADIUS
 
-ALU = {"plate": (0.80, 0.80, 0.82), "trim": (0.74, 0.74, 0.77), "metal": (0.80, 0.80, 0.83), "dark": (0.18, 0.18, 0.20),
-       "chrome": (0.86, 0.86, 0.88), "light": (1.0, 1.0, 1.0), "mark": (0.2, 0.2, 0.2), "wear": (0.90, 0.90, 0.92),
-       "grime": (0.40, 0.38, 0.37), "dust": (0.5, 0.5, 0.5), "line": (0.40, 0.40, 0.42), "stripe": (0.8, 0.8, 0.8)}
+ALU = {
+    "plate": (0.80, 0.80, 0.82),
+    "trim": (0.74, 0.74, 0.77),
+    "metal": (0.80, 0.80, 0.83),
+    "dark": (0.18, 0.18, 0.20),
+    "chrome": (0.86, 0.86, 0.88),
+    "light": (1.0, 1.0, 1.0),
+    "mark": (0.2, 0.2, 0.2),
+    "wear": (0.90, 0.90, 0.92),
+    "grime": (0.40, 0.38, 0.37),
+    "dust": (0.5, 0.5, 0.5),
+    "line": (0.40, 0.40, 0.42),
+    "stripe": (0.8, 0.8, 0.8),
+}
 
 
 def build():
     figure = Figure("can", 0.12, Rig().bone("root", (0, 0, 0)), seed=41, home="can")
-    wall = lathe([(0.235, 0.035), (0.245, 0.0), (RADIUS, LOW), (RADIUS, HIGH), (0.235, 1.045), (0.24, 1.075), (0.222, 1.075), (0.205, 1.04),
-                  (0, 1.04)], 16, close=False, bands=["metal", "metal", "plate", "metal", "chrome", "chrome", "metal", "metal"])
+    wall = lathe(
+        [
+            (0.235, 0.035),
+            (0.245, 0.0),
+            (RADIUS, LOW),
+            (RADIUS, HIGH),
+            (0.235, 1.045),
+            (0.24, 1.075),
+            (0.222, 1.075),
+            (0.205, 1.04),
+            (0, 1.04),
+        ],
+        16,
+        close=False,
+        bands=["metal", "metal", "plate", "metal", "chrome", "chrome", "metal", "metal"],
+    )
     base = lathe([(0, 0.075), (0.235, 0.035)], 16, close=False)
-    opening = lathe([(0.075, 0.001), (0.075, 0.004), (0.06, 0.004), (0.055, 0.001)], 16, close=False).scale(1, 1, 0.8).move(0, 1.04, 0.105)
+    opening = (
+        lathe([(0.075, 0.001), (0.075, 0.004), (0.06, 0.004), (0.055, 0.001)], 16, close=False)
+        .scale(1, 1, 0.8)
+        .move(0, 1.04, 0.105)
+    )
     rim = lathe([(0.19, -0.004), (0.185, 0.006), (0.175, 0.006), (0.17, -0.004)], 32, close=False).move(0, 1.04, 0)
     figure.part("wall", wall, bevel=0.006, smooth=40, detail=(opening + rim).material("metal"))
     figure.part("base", base, material="metal", bevel=0.0)
-    tab = prism([(-0.035, -0.075), (0.035, -0.075), (0.055, 0.0), (0.04, 0.06), (-0.04, 0.06), (-0.055, 0.0)], 0.014).rotate(x=-90)
+    tab = prism(
+        [(-0.035, -0.075), (0.035, -0.075), (0.055, 0.0), (0.04, 0.06), (-0.04, 0.06), (-0.055, 0.0)], 0.014
+    ).rotate(x=-90)
     figure.part("tab", tab.move(0, 1.056, 0.0), material="chrome", bevel=0.004)
     figure.clip("stand", 4, lambda pose, i: None)
     figure.clip("run", 18, drop)
@@ -36,7 +67,16 @@ def build():
 
 def drop(pose, i):
     """It hangs upright, falls, bounces twice, tips on its edge, swings over to the other and comes to rest."""
-    height = keys(i, (0, 0.42), (1, 0.40), (4, 0.0, ease_in), (6, 0.20, ease_out), (8, 0.0, ease_in), (9, 0.055, ease_out), (10, 0.0, ease_in))
+    height = keys(
+        i,
+        (0, 0.42),
+        (1, 0.40),
+        (4, 0.0, ease_in),
+        (6, 0.20, ease_out),
+        (8, 0.0, ease_in),
+        (9, 0.055, ease_out),
+        (10, 0.0, ease_in),
+    )
     tilt = keys(i, (4, 0.0), (6, 7.0), (8, 13.0), (10, 17.0), (12, -11.0), (14, 6.0), (15, -2.5), (17, 0.0))
     lift = edge_lift(tilt)
     pose.turn("root", z=-tilt).move("root", y=height + lift)
@@ -83,7 +123,9 @@ class Label:
                 for (x0, y0), (x1, y1) in zip(line, line[1:]):
                     ax, bx = start + number * 3.0 * wide + x0 * wide, start + number * 3.0 * wide + x1 * wide
                     px, py = u / dot, (self.y - y) / dot + 2
-                    t = np.clip(((px - ax) * (bx - ax) + (py - y0) * (y1 - y0)) / ((bx - ax) ** 2 + (y1 - y0) ** 2 + 1e-9), 0, 1)
+                    t = np.clip(
+                        ((px - ax) * (bx - ax) + (py - y0) * (y1 - y0)) / ((bx - ax) ** 2 + (y1 - y0) ** 2 + 1e-9), 0, 1
+                    )
                     pen = np.minimum(pen, np.hypot(px - ax - t * (bx - ax), py - y0 - t * (y1 - y0)))
         self.lay(self.inside(pen * dot - 0.36 * dot), tone)
 
@@ -91,7 +133,10 @@ class Label:
 # Letters on a grid 2 wide and 4 high.
 STROKES = {
     "A": [[(0, 0), (0, 3), (1, 4), (2, 3), (2, 0)], [(0, 1.7), (2, 1.7)]],
-    "B": [[(0, 0), (0, 4), (1.5, 4), (2, 3.5), (2, 2.6), (1.5, 2.1), (0, 2.1)], [(1.5, 2.1), (2, 1.6), (2, 0.5), (1.5, 0), (0, 0)]],
+    "B": [
+        [(0, 0), (0, 4), (1.5, 4), (2, 3.5), (2, 2.6), (1.5, 2.1), (0, 2.1)],
+        [(1.5, 2.1), (2, 1.6), (2, 0.5), (1.5, 0), (0, 0)],
+    ],
     "C": [[(2, 3.3), (1.4, 4), (0.6, 4), (0, 3.3), (0, 0.7), (0.6, 0), (1.4, 0), (2, 0.7)]],
     "E": [[(2, 4), (0, 4), (0, 0), (2, 0)], [(0, 2.1), (1.6, 2.1)]],
     "G": [[(2, 3.3), (1.4, 4), (0.6, 4), (0, 3.3), (0, 0.7), (0.6, 0), (1.4, 0), (2, 0.7), (2, 1.9), (1.2, 1.9)]],
@@ -168,7 +213,10 @@ def lemon_lime(label):
     label.lay(smoothstep(0.48, 0.50, slant) * smoothstep(0.76, 0.74, slant), (0.20, 0.62, 0.50))
     label.lay(smoothstep(0.80, 0.82, slant) * smoothstep(0.94, 0.92, slant), (0.74, 0.84, 0.22))
     label.lay(label.inside(np.abs(label.y - 0.335) - 0.115), (0.07, 0.33, 0.33))
-    for dx, dy, skin, flesh in ((-0.085, 0.66, (0.93, 0.84, 0.20), (0.99, 0.96, 0.66)), (0.095, 0.615, (0.34, 0.66, 0.20), (0.82, 0.93, 0.58))):
+    for dx, dy, skin, flesh in (
+        (-0.085, 0.66, (0.93, 0.84, 0.20), (0.99, 0.96, 0.66)),
+        (0.095, 0.615, (0.34, 0.66, 0.20), (0.82, 0.93, 0.58)),
+    ):
         u, v = label.twice() - dx, label.y - dy
         angle, far = np.arctan2(u, v), np.hypot(u, v)
         label.lay(label.inside(far - 0.135), (0.07, 0.33, 0.33))
@@ -213,8 +261,14 @@ def tonic(label):
     rings(label, (0.17, 0.20, 0.46), (0.80, 0.90, 0.96))
 
 
-DRINKS = (("coke", cola), ("cokeVanilla", vanilla), ("fanta", orange), ("sprite", lemon_lime), ("bitterLemon", bitter_lemon),
-          ("tonicWater", tonic))
+DRINKS = (
+    ("coke", cola),
+    ("cokeVanilla", vanilla),
+    ("fanta", orange),
+    ("sprite", lemon_lime),
+    ("bitterLemon", bitter_lemon),
+    ("tonicWater", tonic),
+)
 
 
 def small_print(label):
@@ -225,10 +279,16 @@ def small_print(label):
     label.lay(box_mask, (0.97, 0.97, 0.97))
     bars = rng.random(29) > 0.45
     index = np.clip(((u + 0.072) / 0.144 * 29).astype(int), 0, 28)
-    label.lay(label.inside(np.maximum(np.abs(u) - 0.072, np.abs(label.y - 0.41) - 0.052)) * bars[index], (0.08, 0.08, 0.08))
+    label.lay(
+        label.inside(np.maximum(np.abs(u) - 0.072, np.abs(label.y - 0.41) - 0.052)) * bars[index], (0.08, 0.08, 0.08)
+    )
     for k in range(7):
         length = rng.uniform(0.05, 0.085)
-        label.lay(label.inside(np.maximum(np.abs(u) - length, np.abs(label.y - 0.72 + 0.030 * k) - 0.006)), (0.96, 0.96, 0.94), 0.65)
+        label.lay(
+            label.inside(np.maximum(np.abs(u) - length, np.abs(label.y - 0.72 + 0.030 * k) - 0.006)),
+            (0.96, 0.96, 0.94),
+            0.65,
+        )
 
 
 def main():

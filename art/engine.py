@@ -1,5 +1,5 @@
 """The engine that carries a score board: a slim tank between a pump head and a bell whose lower half is petals, so that
-the fire inside shows between them. It stands on the left and on the right of a screen, so both its sides hold clamps."""
+the fire inside shows between them. It stands left and right of a screen, so both its sides hold clamps."""
 
 import sys
 from pathlib import Path
@@ -13,25 +13,67 @@ MOUTH = -7.3
 SIDES = 12
 
 PALETTE = {
-    "plate": (0.74, 0.74, 0.76), "trim": (0.44, 0.45, 0.50), "metal": (0.66, 0.48, 0.28), "dark": (0.13, 0.13, 0.15),
-    "chrome": (0.78, 0.79, 0.82), "light": (0.80, 0.66, 1.00), "mark": (0.16, 0.17, 0.22), "wear": (0.86, 0.85, 0.84),
-    "grime": (0.16, 0.13, 0.11), "dust": (0.40, 0.38, 0.38), "line": (0.12, 0.12, 0.14), "stripe": (0.86, 0.62, 0.16),
+    "plate": (0.74, 0.74, 0.76),
+    "trim": (0.44, 0.45, 0.50),
+    "metal": (0.66, 0.48, 0.28),
+    "dark": (0.13, 0.13, 0.15),
+    "chrome": (0.78, 0.79, 0.82),
+    "light": (0.80, 0.66, 1.00),
+    "mark": (0.16, 0.17, 0.22),
+    "wear": (0.86, 0.85, 0.84),
+    "grime": (0.16, 0.13, 0.11),
+    "dust": (0.40, 0.38, 0.38),
+    "line": (0.12, 0.12, 0.14),
+    "stripe": (0.86, 0.62, 0.16),
     "hot": (1.00, 0.66, 0.30),
 }
 
 
 def body():
     """A quarter of throat, pump, tank and dome; the joints between quarters lie under the strakes."""
-    profile = [(0.46, -4.75), (0.86, -4.45), (0.86, -3.55), (0.62, -3.35), (0.62, -2.95), (0.90, -2.70), (0.90, 2.75), (0.70, 3.00),
-               (0.70, 3.30), (0.86, 3.45), (0.74, 4.05), (0.36, 4.45), (0.10, 4.55), (0, 5.05)]
-    bands = ["metal", "trim", "dark", "dark", "metal", "plate", "metal", "dark", "metal", "trim", "plate", "plate", "chrome"]
+    profile = [
+        (0.46, -4.75),
+        (0.86, -4.45),
+        (0.86, -3.55),
+        (0.62, -3.35),
+        (0.62, -2.95),
+        (0.90, -2.70),
+        (0.90, 2.75),
+        (0.70, 3.00),
+        (0.70, 3.30),
+        (0.86, 3.45),
+        (0.74, 4.05),
+        (0.36, 4.45),
+        (0.10, 4.55),
+        (0, 5.05),
+    ]
+    bands = [
+        "metal",
+        "trim",
+        "dark",
+        "dark",
+        "metal",
+        "plate",
+        "metal",
+        "dark",
+        "metal",
+        "trim",
+        "plate",
+        "plate",
+        "chrome",
+    ]
     return lathe(profile, SIDES // 4, start=0, arc=90, close=False, bands=bands)
 
 
 def bell():
     """The whole upper part of the nozzle, outside and inside."""
-    return lathe([(0.30, -4.95), (0.94, -5.55), (1.06, -5.55), (0.52, -4.72)], SIDES, start=15, close=False,
-                 bands=["hot", "metal", "metal"])
+    return lathe(
+        [(0.30, -4.95), (0.94, -5.55), (1.06, -5.55), (0.52, -4.72)],
+        SIDES,
+        start=15,
+        close=False,
+        bands=["hot", "metal", "metal"],
+    )
 
 
 def core():
@@ -57,10 +99,16 @@ def petal():
 def body_detail():
     parts = []
     for y in (-2.2, -0.2, 1.8):
-        parts.append(lathe([(0.90, y - 0.10), (0.95, y - 0.07), (0.95, y + 0.07), (0.90, y + 0.10)], 24, close=False).material("metal"))
+        parts.append(
+            lathe([(0.90, y - 0.10), (0.95, y - 0.07), (0.95, y + 0.07), (0.90, y + 0.10)], 24, close=False).material(
+                "metal"
+            )
+        )
     for k in range(12):
         turn = 30 * k
-        parts.append(rivets([(0, y, 0.945) for y in (-2.2, -0.2, 1.8)], (0, 0, 1), 0.035).rotate(y=turn).material("chrome"))
+        parts.append(
+            rivets([(0, y, 0.945) for y in (-2.2, -0.2, 1.8)], (0, 0, 1), 0.035).rotate(y=turn).material("chrome")
+        )
     for turn in (45,):
         parts.append(vent(0.34, 0.62, 6, 0.05).move(0, -4.0, 0.83).rotate(y=turn).material("trim"))
         parts.append(plate(chamfered(0.36, 1.1, 0.06), 0.06, 0.02).move(0, 0.8, 0.88).rotate(y=turn).material("trim"))
@@ -90,20 +138,55 @@ def strake():
 def build():
     figure = Figure("engine", 0.3, seed=21, home="engine")
     for k in range(4):
-        figure.part(f"body.{k}", body().rotate(y=90 * k), bevel=0.02, smooth=34, detail=None if k else body_detail(),
-                    like="body.0" if k else None, density=1.5)
+        figure.part(
+            f"body.{k}",
+            body().rotate(y=90 * k),
+            bevel=0.02,
+            smooth=34,
+            detail=None if k else body_detail(),
+            like="body.0" if k else None,
+            density=1.5,
+        )
     figure.part("bell", bell(), material="metal", bevel=0.015, smooth=34)
     figure.part("core", core(), material="hot", bevel=0.0, smooth=60, density=0.6)
     for k in range(6):
-        figure.part(f"petal.{k}", petal().rotate(y=30 + 60 * k), material="metal", bevel=0.015, like="petal.0" if k else None, density=1.1)
+        figure.part(
+            f"petal.{k}",
+            petal().rotate(y=30 + 60 * k),
+            material="metal",
+            bevel=0.015,
+            like="petal.0" if k else None,
+            density=1.1,
+        )
     for k in range(4):
-        figure.part(f"pipe.{k}", feed_pipe().rotate(y=45 + 90 * k), bevel=0.0, smooth=70, like="pipe.0" if k else None, density=0.7)
-        strip_detail = join(*[box(0.34, 0.10, 0.04).move(0, y, 1.03) for y in np.arange(-2.1, 2.4, 0.6)]).material("metal")
-        figure.part(f"strake.{k}", strake().rotate(y=90 * k), material="trim", bevel=0.02, detail=None if k else strip_detail,
-                    like="strake.0" if k else None, density=0.7)
+        figure.part(
+            f"pipe.{k}",
+            feed_pipe().rotate(y=45 + 90 * k),
+            bevel=0.0,
+            smooth=70,
+            like="pipe.0" if k else None,
+            density=0.7,
+        )
+        strip_detail = join(*[box(0.34, 0.10, 0.04).move(0, y, 1.03) for y in np.arange(-2.1, 2.4, 0.6)]).material(
+            "metal"
+        )
+        figure.part(
+            f"strake.{k}",
+            strake().rotate(y=90 * k),
+            material="trim",
+            bevel=0.02,
+            detail=None if k else strip_detail,
+            like="strake.0" if k else None,
+            density=0.7,
+        )
     for number, (y, turn) in enumerate(((3.3, 0), (3.3, 180), (-3.3, 0), (-3.3, 180))):
-        figure.part(f"clamp.{number}", clamp().move(0, y, 0).rotate(y=turn), material="trim", bevel=0.02,
-                    like="clamp.0" if number else None)
+        figure.part(
+            f"clamp.{number}",
+            clamp().move(0, y, 0).rotate(y=turn),
+            material="trim",
+            bevel=0.02,
+            like="clamp.0" if number else None,
+        )
     figure.clip("frame", 1, lambda pose, i: None)
     return figure
 
@@ -119,7 +202,12 @@ def decorate(paint):
     paint.lines(body_mask * paint.material("plate") * paint.soft(seam, 0.012) * paint.above("y", -2.6))
     paint.lay(body_mask * paint.band("y", 2.25, 0.36) * paint.material("plate"), "stripe", 0.9)
     paint.hazard(body_mask * paint.band("y", -2.48, 0.22) * paint.material("plate"), (1, 1, 1), 0.3, "stripe")
-    for turn, words, y, height in ((15, "PLASMA", 0.35, 0.17), (75, "64", -1.75, 0.26), (15, "64", -1.75, 0.26), (75, "CRYO", 0.35, 0.17)):
+    for turn, words, y, height in (
+        (15, "PLASMA", 0.35, 0.17),
+        (75, "64", -1.75, 0.26),
+        (15, "64", -1.75, 0.26),
+        (75, "CRYO", 0.35, 0.17),
+    ):
         out = np.array([np.sin(np.radians(turn)), 0, np.cos(np.radians(turn))])
         right, up = np.array([out[2], 0, -out[0]]), np.array([0, 1, 0])
         along, across = (right, up) if len(words) == 2 else (-up, right)

@@ -73,7 +73,7 @@ def directions(face, size):
     """Unit directions of a face's texels, (size, size, 3), row 0 at v = 0."""
     origin, along_u, along_v = (np.array(corner, dtype=np.float64) for corner in FACES[face])
     step = np.arange(size) / (size - 1.0)
-    cube = (origin + step[None, :, None] * (along_u - origin) + step[:, None, None] * (along_v - origin))
+    cube = origin + step[None, :, None] * (along_u - origin) + step[:, None, None] * (along_v - origin)
     return (cube / np.linalg.norm(cube, axis=2, keepdims=True)).astype(np.float32)
 
 
@@ -133,6 +133,7 @@ def smoothstep(low, high, value):
 
 def enlarge(coarse):
     """From every third texel to every texel, straight lines between: the same along a shared edge for both faces."""
+
     def along_rows(field):
         out = np.empty((3 * (field.shape[0] - 1) + 1,) + field.shape[1:], dtype=field.dtype)
         for third in range(3):
@@ -228,7 +229,7 @@ def star_field(nebula):
     crowd = crowd[rng.random(60000) < np.exp(-((crowd @ BAND_NORMAL / 0.26) ** 2)) * 0.42]
     points = np.concatenate([everywhere, crowd])
     shine = 0.10 + 0.055 * (rng.pareto(1.9, len(points)))
-    shine[len(everywhere):] *= 0.62
+    shine[len(everywhere) :] *= 0.62
     tint = temperatures(len(points))
 
     soft = nebula.soft(points.astype(np.float32))

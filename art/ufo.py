@@ -14,17 +14,39 @@ LAMPS = 10
 FRAMES = 12
 
 PALETTE = {
-    "plate": (0.66, 0.69, 0.72), "trim": (0.40, 0.44, 0.50), "metal": (0.70, 0.52, 0.30), "dark": (0.10, 0.11, 0.13),
-    "chrome": (0.84, 0.86, 0.88), "light": (0.72, 0.90, 1.00), "mark": (0.10, 0.30, 0.34), "wear": (0.86, 0.88, 0.90),
-    "grime": (0.16, 0.15, 0.14), "dust": (0.4, 0.4, 0.4), "line": (0.12, 0.13, 0.15), "stripe": (0.16, 0.55, 0.52),
-    "glass": (0.22, 0.52, 0.50), "red": (1.00, 0.34, 0.20), "green": (0.40, 1.00, 0.46),
+    "plate": (0.66, 0.69, 0.72),
+    "trim": (0.40, 0.44, 0.50),
+    "metal": (0.70, 0.52, 0.30),
+    "dark": (0.10, 0.11, 0.13),
+    "chrome": (0.84, 0.86, 0.88),
+    "light": (0.72, 0.90, 1.00),
+    "mark": (0.10, 0.30, 0.34),
+    "wear": (0.86, 0.88, 0.90),
+    "grime": (0.16, 0.15, 0.14),
+    "dust": (0.4, 0.4, 0.4),
+    "line": (0.12, 0.13, 0.15),
+    "stripe": (0.16, 0.55, 0.52),
+    "glass": (0.22, 0.52, 0.50),
+    "red": (1.00, 0.34, 0.20),
+    "green": (0.40, 1.00, 0.46),
 }
 
 
 def hull():
     """A fifth of the disc, from the lens below to the collar of the dome."""
-    profile = [(0, -0.10), (0.42, -0.10), (0.50, -0.02), (0.56, 0.05), (1.20, 0.10), (1.90, 0.30), (2.20, 0.43), (2.20, 0.51), (1.85, 0.65),
-               (1.00, 0.86), (0.86, 0.98)]
+    profile = [
+        (0, -0.10),
+        (0.42, -0.10),
+        (0.50, -0.02),
+        (0.56, 0.05),
+        (1.20, 0.10),
+        (1.90, 0.30),
+        (2.20, 0.43),
+        (2.20, 0.51),
+        (1.85, 0.65),
+        (1.00, 0.86),
+        (0.86, 0.98),
+    ]
     bands = ["light", "metal", "dark", "trim", "plate", "trim", "chrome", "plate", "plate", "metal"]
     return lathe(profile, SIDES // SECTORS, start=-180 / SECTORS, arc=360 / SECTORS, close=False, bands=bands)
 
@@ -33,11 +55,24 @@ def hull_detail():
     """Rivets along the panels, a grille and two hatches above, grilles below, the collar of the lens."""
     parts = []
     for turn in (-27, -9, 9, 27):
-        parts.append(rivets([(dx, 0.655 + (1.85 - r) * 0.247, r) for r in (1.10, 1.36, 1.50, 1.77) for dx in (-0.14 * r, 0.14 * r)],
-                            (0, 0.97, 0.24), 0.022).rotate(y=turn).material("chrome"))
+        parts.append(
+            rivets(
+                [(dx, 0.655 + (1.85 - r) * 0.247, r) for r in (1.10, 1.36, 1.50, 1.77) for dx in (-0.14 * r, 0.14 * r)],
+                (0, 0.97, 0.24),
+                0.022,
+            )
+            .rotate(y=turn)
+            .material("chrome")
+        )
     parts.append(vent(0.46, 0.22, 6, 0.04).rotate(x=-76).move(0, 0.785, 1.34).material("trim"))
     for turn in (-23, 23):
-        parts.append(plate(chamfered(0.34, 0.30, 0.07), 0.05, 0.02).rotate(x=-76).move(0, 0.755, 1.46).rotate(y=turn).material("stripe"))
+        parts.append(
+            plate(chamfered(0.34, 0.30, 0.07), 0.05, 0.02)
+            .rotate(x=-76)
+            .move(0, 0.755, 1.46)
+            .rotate(y=turn)
+            .material("stripe")
+        )
         parts.append(box(0.20, 0.02, 0.03).rotate(x=14).move(0, 0.79, 1.46).rotate(y=turn).material("chrome"))
         parts.append(vent(0.26, 0.34, 5, 0.04).rotate(x=104).move(0, 0.185, 1.55).rotate(y=turn).material("trim"))
     parts.append(plate(chamfered(0.44, 0.40, 0.10), 0.04, 0.02).rotate(x=104).move(0, 0.175, 1.50).material("trim"))
@@ -47,7 +82,9 @@ def hull_detail():
 
 def dome():
     """Glass, with a frame of ribs in the picture."""
-    return lathe([(0.84, 0.95), (0.80, 1.16), (0.62, 1.38), (0.34, 1.53), (0, 1.58)], 12, close=False, bands=["glass"] * 4)
+    return lathe(
+        [(0.84, 0.95), (0.80, 1.16), (0.62, 1.38), (0.34, 1.53), (0, 1.58)], 12, close=False, bands=["glass"] * 4
+    )
 
 
 def lamp_bead(kind):
@@ -70,17 +107,33 @@ def rig():
 def build():
     figure = Figure("ufo", 0.25, rig(), seed=51, home="ufo")
     for k in range(SECTORS):
-        figure.part(f"hull.{k}", hull().rotate(y=360 / SECTORS * k), bevel=0.02, smooth=32, detail=None if k else hull_detail(),
-                    like="hull.0" if k else None)
+        figure.part(
+            f"hull.{k}",
+            hull().rotate(y=360 / SECTORS * k),
+            bevel=0.02,
+            smooth=32,
+            detail=None if k else hull_detail(),
+            like="hull.0" if k else None,
+        )
     figure.part("dome", dome(), material="glass", bevel=0.0, smooth=50, density=1.3)
     kinds = ("light", "red")
     for k in range(LAMPS):
         kind = kinds[k % 2]
-        figure.part(f"lamp.{k}", lamp_bead(kind).rotate(y=360.0 * k / LAMPS), "lamps", material=kind, bevel=0.0, smooth=60, density=1.2,
-                    like=f"lamp.{k % 2}" if k > 1 else None)
+        figure.part(
+            f"lamp.{k}",
+            lamp_bead(kind).rotate(y=360.0 * k / LAMPS),
+            "lamps",
+            material=kind,
+            bevel=0.0,
+            smooth=60,
+            density=1.2,
+            like=f"lamp.{k % 2}" if k > 1 else None,
+        )
     for k in range(3):
         figure.part(f"fin.{k}", fin().rotate(y=60 + 120 * k), material="trim", bevel=0.015, like="fin.0" if k else None)
-    mast = tube([(0, 1.55, 0), (0, 1.80, 0)], 0.03, 4, caps=False).material("chrome") + ball(0.06, 6, 3).move(0, 1.83, 0).material("red")
+    mast = tube([(0, 1.55, 0), (0, 1.80, 0)], 0.03, 4, caps=False).material("chrome") + ball(0.06, 6, 3).move(
+        0, 1.83, 0
+    ).material("red")
     figure.part("mast", mast, material="chrome", bevel=0.0)
     figure.clip("run", FRAMES, fly)
     return figure
