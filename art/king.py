@@ -15,7 +15,6 @@ SHOULDER, ELBOW, WRIST = (0.66, 2.20, 0.03), (0.92, 1.76, 0.10), (1.03, 1.40, -0
 GRIP = np.array((1.04, 1.32, -0.44))
 REACTOR = (0, 1.70, 0.60)
 HAMMER = 2.30  # height of the mace's head while its butt stands on the floor
-BREAKS = 5.0  # frame of the last death in which the fire has torn off everything
 
 
 def skeleton():
@@ -43,13 +42,13 @@ def crown(figure):
                     density=1.1)
     cap = lathe([(0.345, 2.80), (0.24, 2.865), (0.07, 2.875)], 8, close=False).material("stripe")
     figure.part("cap", cap, "crown", bevel=0.0, smooth=50)
-    figure.part("orb", lathe([(0.07, 2.86), (0.135, 2.95), (0.05, 3.05)], 6, close=False), "cross", material="light",
+    figure.part("orb", lathe([(0.07, 2.86), (0.135, 2.95), (0.05, 3.05)], 6, close=False), "cross", material="metal",
                 bevel=0.0, smooth=60)
     arms = [(-0.045, 0.075), (-0.085, 0.235), (0.085, 0.235), (0.045, 0.075), (0.045, 0.055), (0.075, 0.045), (0.235, 0.085),
             (0.235, -0.085), (0.075, -0.045), (0.045, -0.055), (0.095, -0.235), (-0.095, -0.235), (-0.045, -0.055),
             (-0.075, -0.045), (-0.235, -0.085), (-0.235, 0.085), (-0.075, 0.045), (-0.045, 0.055)]
     outline = [p for k, p in enumerate(arms) if k not in (0, 3, 5, 8, 12, 17)]
-    cross = prism(outline, 0.12).scale(1.34, 1.34, 1.15).move(0, 3.34, 0)
+    cross = prism(outline, 0.12).scale(1.34, 1.34, 1.15).rotate(x=-12).move(0, 3.34, -0.04)
     figure.part("cross", cross, "cross", material="metal", bevel=0.014, density=1.5)
 
 
@@ -69,11 +68,13 @@ def helmet(figure):
 def torso(figure):
     hull = lathe([(0.36, 1.42), (0.42, 1.66), (0.52, 2.06), (0.47, 2.28), (0.20, 2.44), (0, 2.41)], 10, start=18, close=False,
                  bands=["trim", "plate", "plate", "plate", "dark"]).scale(1.15, 1, 0.86)
-    ribs = join(*[lathe([(0.365 + 0.022 * k, 1.46 + 0.075 * k), (0.385 + 0.022 * k, 1.485 + 0.075 * k), (0.375 + 0.022 * k, 1.51 + 0.075 * k)],
-                        20, close=False) for k in range(3)]).scale(1.13, 1, 0.85).material("metal")
+    steps = [(0.022 * k, 0.075 * k) for k in range(3)]
+    ribs = join(*[lathe([(0.365 + r, 1.46 + y), (0.385 + r, 1.485 + y), (0.375 + r, 1.51 + y)],
+                        20, close=False) for r, y in steps]).scale(1.13, 1, 0.85).material("metal")
     vents = join(*[vent(0.20, 0.16, 4).rotate(x=-12).rotate(y=180 + s * 38).move(s * 0.31, 1.78, -0.285) for s in (-1, 1)])
     figure.part("torso", hull, "chest", bevel=0.015, smooth=48, detail=ribs + vents)
-    breast = plate([(-0.30, 0.25), (-0.40, 0.02), (-0.20, -0.26), (0, -0.36), (0.20, -0.26), (0.40, 0.02), (0.30, 0.25)], 0.14, 0.06).drop(lambda c, n: n[2] < -0.9).rotate(y=180).rotate(x=-6)
+    breast = plate([(-0.30, 0.25), (-0.40, 0.02), (-0.20, -0.26), (0, -0.36), (0.20, -0.26), (0.40, 0.02), (0.30, 0.25)], 0.14,
+                   0.06).drop(lambda c, n: n[2] < -0.9).rotate(y=180).rotate(x=-6)
     figure.part("breast", breast.move(0, 2.08, -0.42), "chest", bevel=0.015, detail=rivets(
         [(x, 2.24 - abs(x) * 0.1, -0.475) for x in (-0.30, 0.30)], (0, 0, -1), 0.025))
     figure.part("belt", lathe([(0.42, 1.22), (0.45, 1.40), (0.30, 1.48)], 10, start=18, close=False,
@@ -91,9 +92,11 @@ def torso(figure):
 def back(figure):
     drum = lathe([(0.34, 0.0), (0.34, 0.16), (0.25, 0.24), (0.15, 0.16), (0, 0.30)], 10, close=False,
                  bands=["metal", "plate", "dark", "light"])
-    bolts = rivets([(0.295 * np.sin(a), 1.70 + 0.295 * np.cos(a), 0.512) for a in np.radians(np.arange(15, 360, 30))], (0, 0, 1), 0.022)
+    bolts = rivets([(0.295 * np.sin(a), 1.70 + 0.295 * np.cos(a), 0.512) for a in np.radians(np.arange(15, 360, 30))],
+                   (0, 0, 1), 0.022)
     figure.part("reactor", drum.rotate(x=90).move(0, 1.70, 0.31), "reactor", bevel=0.01, density=1.1, detail=bolts.material("metal"))
-    stack = lathe([(0.075, 0.0), (0.10, 0.40), (0.10, 0.54), (0, 0.44)], 6, close=False, bands=["trim", "metal", "dark"]).rotate(x=14)
+    stack = lathe([(0.075, 0.0), (0.10, 0.40), (0.10, 0.54), (0, 0.44)], 6, close=False,
+                  bands=["trim", "metal", "dark"]).rotate(x=14)
     for side, sign in (("R", 1), ("L", -1)):
         figure.part(f"stack.{side}", stack.rotate(z=-sign * 8).move(sign * 0.20, 2.10, 0.42), "chest", bevel=0.008,
                     like=None if sign > 0 else "stack.R")
@@ -109,10 +112,12 @@ def back(figure):
 def arms(figure):
     dome = lathe([(0.42, -0.14), (0.41, 0.02), (0.28, 0.22), (0, 0.31)], 8, close=False, bands=["metal", "plate", "plate"])
     dome = dome.scale(1.0, 1.0, 0.98).rotate(z=-24).move(0.68, 2.28, 0.03)
-    ridge = prism([(-0.30, 0.0), (-0.20, 0.14), (0.0, 0.20), (0.20, 0.14), (0.30, 0.0)], 0.08).rotate(y=90).rotate(z=-24).move(0.80, 2.44, 0.03)
+    ridge = prism([(-0.30, 0.0), (-0.20, 0.14), (0.0, 0.20), (0.20, 0.14), (0.30, 0.0)],
+                  0.08).rotate(y=90).rotate(z=-24).move(0.80, 2.44, 0.03)
     turns = np.radians(np.arange(0, 360, 30))
     studs = rivets([(0.415 * np.sin(a), -0.06, 0.405 * np.cos(a)) for a in turns], (0, 1, 0), 0.022)
-    figure.pair("shoulder", dome, "shoulder", bevel=0.015, smooth=50, detail=studs.move(y=0.075).rotate(z=-24).move(0.68, 2.28, 0.03))
+    figure.pair("shoulder", dome, "shoulder", bevel=0.015, smooth=50,
+                detail=studs.move(y=0.075).rotate(z=-24).move(0.68, 2.28, 0.03))
     figure.pair("ridge", ridge.drop(lambda c, n: n[1] < -0.8), "shoulder", material="metal", bevel=0.008)
     upper = loft([section(oval(w, w, 6), at, np.subtract(ELBOW, SHOULDER), (0, 0, -1)) for w, at in (
         (0.14, SHOULDER), (0.165, (0.80, 1.96, 0.08)), (0.12, ELBOW))], caps=(False, False))
@@ -144,20 +149,24 @@ def mace(figure):
 
 def legs(figure):
     figure.part("pelvis", prism([(-0.40, 0.10), (-0.30, -0.12), (-0.12, -0.22), (0.12, -0.22), (0.30, -0.12), (0.40, 0.10)], 0.44,
-                                front=0.9, back=0.9).drop(lambda c, n: n[1] > 0.9).move(0, 1.22, 0), "body", material="dark", bevel=0.015)
+                                front=0.9, back=0.9).drop(lambda c, n: n[1] > 0.9).move(0, 1.22, 0), "body", material="dark",
+                                bevel=0.015)
     thigh = loft([section(oval(w, h, 6), at, np.subtract(KNEE, HIP), (0, 0, -1)) for w, h, at in (
-        (0.18, 0.19, (0.345, 1.24, 0.01)), (0.21, 0.23, (0.375, 1.05, -0.05)), (0.15, 0.16, (0.42, 0.80, -0.14)))], caps=(False, False))
+        (0.18, 0.19, (0.345, 1.24, 0.01)), (0.21, 0.23, (0.375, 1.05, -0.05)), (0.15, 0.16, (0.42, 0.80, -0.14)))],
+        caps=(False, False))
     hose = tube(curve([(0.44, 1.16, -0.20), (0.50, 1.02, -0.24), (0.47, 0.86, -0.26)], 4), 0.028, 6).material("dark")
     figure.pair("thigh", thigh, "thigh", material="trim", bevel=0.018, detail=hose)
     knee = cylinder(0.15, 0.38, 7).move(y=-0.19).rotate(z=-90).move(*KNEE)
     figure.pair("knee", knee, "shin", material="metal", bevel=0.012)
-    cop = prism([(-0.13, -0.12), (0.13, -0.12), (0.16, 0.04), (0, 0.20), (-0.16, 0.04)], 0.10, front=0.7).drop(lambda c, n: n[2] < -0.9)
+    cop = prism([(-0.13, -0.12), (0.13, -0.12), (0.16, 0.04), (0, 0.20), (-0.16, 0.04)], 0.10,
+                front=0.7).drop(lambda c, n: n[2] < -0.9)
     figure.pair("cop", cop.rotate(y=180).rotate(x=-8).move(KNEE[0], KNEE[1] + 0.02, KNEE[2] - 0.15), "shin", bevel=0.012)
     shin = loft([section(chamfered(w, h, 0.08), at, (0.04, -0.55, 0.24), (0, 0, -1)) for w, h, at in (
         (0.28, 0.28, (0.435, 0.68, -0.13)), (0.45, 0.44, (0.445, 0.48, -0.04)), (0.42, 0.40, (0.47, 0.16, 0.07)))],
                 bands=["trim", "plate"], caps=(False, True))
     calf = vent(0.17, 0.20, 4).rotate(x=14).move(0.455, 0.40, 0.205)
-    figure.pair("shin", shin, "shin", bevel=0.018, detail=calf + rivets(row((0.60, 0.56, 0.02), (0.61, 0.26, 0.09), 3), (1, 0.2, 0.5), 0.02))
+    studs = rivets(row((0.60, 0.56, 0.02), (0.61, 0.26, 0.09), 3), (1, 0.2, 0.5), 0.02)
+    figure.pair("shin", shin, "shin", bevel=0.018, detail=calf + studs)
     foot = loft([section([(-w, -0.02), (w, -0.02), (w, h * 0.55), (w * 0.62, h), (-w * 0.62, h), (-w, h * 0.55)],
                          (ANKLE[0], 0.02, z), (0, 0, -1)) for w, h, z in
                  ((0.18, 0.17, 0.36), (0.26, 0.26, -0.02), (0.22, 0.12, -0.34))])
@@ -206,11 +215,13 @@ def run(p, i):
     step = abs(wave(i, CYCLE, 0.22))
     p.move("body", x=-0.07 * wave(i, CYCLE, 0.0), y=-0.17 + 0.07 * step)
     p.turn("body", x=-4, y=6 * wave(i, CYCLE, 0.25), z=3.0 * wave(i, CYCLE))
-    p.turn("chest", y=-9 * wave(i, CYCLE, 0.25), z=-3.0 * wave(i, CYCLE, 0.05)).turn("head", y=4 * wave(i, CYCLE, 0.25), x=3 - 3 * step)
+    p.turn("chest", y=-9 * wave(i, CYCLE, 0.25), z=-3.0 * wave(i, CYCLE, 0.05))
+    p.turn("head", y=4 * wave(i, CYCLE, 0.25), x=3 - 3 * step)
     p.turn("upper.L", x=16 * wave(i, CYCLE, 0.25)).turn("fore.L", x=12 + 10 * wave(i, CYCLE, 0.15))
     for side, sign in (("R", 1), ("L", -1)):
         p.turn(f"cape.{side}", x=-6 + 5 * wave(i, CYCLE, 0.1 + 0.25 * sign))
-        p.turn(f"shoulder.{side}", z=sign * 4 * wave(i, 6, 0.2)).turn(f"tasset.{side}", z=sign * (4 + 4 * wave(i, CYCLE, 0.25 * sign)))
+        p.turn(f"shoulder.{side}", z=sign * 4 * wave(i, 6, 0.2))
+        p.turn(f"tasset.{side}", z=sign * (4 + 4 * wave(i, CYCLE, 0.25 * sign)))
     p.turn("tabard", x=4 + 5 * wave(i, 6, 0.2))
 
 
@@ -272,7 +283,8 @@ def death_shakes(p, i):
     rage = i / 11.0
     rear = keys(i, (0, 0), (7, 0.1), (11, 1, ease_in))
     jolt = np.sin(np.array((2.1, 3.7, 5.3)) * i * 1.9) * rage * (1 - 0.4 * rear)
-    p.turn("chest", x=26 * rear + 3.0 * jolt[0], y=5.0 * jolt[1], z=4.0 * jolt[2]).turn("head", x=34 * rear + 5 * jolt[1], z=6 * jolt[0])
+    p.turn("chest", x=26 * rear + 3.0 * jolt[0], y=5.0 * jolt[1], z=4.0 * jolt[2])
+    p.turn("head", x=34 * rear + 5 * jolt[1], z=6 * jolt[0])
     p.move("reactor", z=0.05 * rage + 0.03 * jolt[2]).size("reactor", 1 + 0.10 * rage + 0.04 * jolt[0])
     for side, sign in (("R", 1), ("L", -1)):
         p.turn(f"shoulder.{side}", z=sign * (12 * rear + 8 * abs(jolt[1]))).turn(f"cape.{side}", x=-18 * rear + 6 * jolt[0])
@@ -325,11 +337,13 @@ def decorate(paint, army):
     paint.lines(seams * hull * paint.above("y", 1.67) * (1 - paint.above("y", 2.06)))
     paint.lines(paint.band("y", 2.06, 0.012) * hull).lines(paint.band("y", 1.67, 0.012) * hull)
     paint.lay(hull * paint.above("y", 1.93) * (1 - paint.above("y", 2.05)) * paint.facing(z=1, least=-0.4), "trim", 0.9)
-    paint.rivets([(1.15 * 0.515 * np.sin(a), 2.02, 0.86 * 0.515 * np.cos(a)) for a in np.radians(np.arange(-60, 61, 20))], 0.020, hull)
+    paint.rivets([(1.15 * 0.515 * np.sin(a), 2.02, 0.86 * 0.515 * np.cos(a)) for a in np.radians(np.arange(-60, 61, 20))],
+                 0.020, hull)
     helm = paint.part("helm")
     paint.lines(helm * paint.band("y", 2.56, 0.010)).lines(helm * paint.soft(abs(paint.pos[:, :, 0]), 0.006))
+    slits = helm * paint.facing(z=1, least=0.3) * paint.soft(abs(abs(paint.pos[:, :, 0]) - 0.12), 0.06)
     for y in (2.46, 2.495, 2.53):
-        paint.lay(helm * paint.facing(z=1, least=0.3) * paint.band("y", y, 0.016) * paint.soft(abs(abs(paint.pos[:, :, 0]) - 0.12), 0.06), "dark", 0.95)
+        paint.lay(slits * paint.band("y", y, 0.016), "dark", 0.95)
     rim = paint.part("band") * (1 - paint.facing(y=1, least=0.6))
     paint.lines(rim * paint.band("y", 2.735, 0.011)).lines(rim * paint.band("y", 2.865, 0.011))
     paint.rivets([(0.415 * np.sin(a), 2.80, 0.415 * np.cos(a)) for a in np.radians(np.arange(30, 360, 60))], 0.022, rim)
@@ -338,11 +352,11 @@ def decorate(paint, army):
         paint.lines(paint.ring(centre, 0.36, 0.014) * dome)
     paint.lay(paint.part("band") * paint.material("plate"), "metal")
     gems = [(0.405 * np.sin(a), 2.79, 0.405 * np.cos(a)) for a in np.radians(np.arange(0, 360, 60))]
-    for k, gem in enumerate(gems):
+    for gem in gems:
         paint.lay(paint.near(gem, 0.066) * paint.part("band"), "line", 0.8)
         paint.lamps(paint.near(gem, 0.050) * paint.part("band"))
     paint.lines(paint.part("point") * paint.inset(0.026, 0.009))
-    core = paint.part("cross") * np.maximum(paint.facing(z=1, least=0.8), paint.facing(z=-1, least=0.8))
+    core = paint.part("cross") * np.maximum(paint.facing(z=1, y=0.2, least=0.8), paint.facing(z=-1, y=-0.2, least=0.8))
     paint.lines(core * paint.inset(0.020, 0.010))
     paint.lamps(core * paint.inset(0.028))
 
@@ -378,7 +392,8 @@ def decorate(paint, army):
         if not white:
             paint.hazard(paint.part("foot") * paint.above("y", 0.02) * (1 - paint.above("z", -0.20)), (0.7, 0.3, 0.7), 0.09)
     paint.text("I", (0.42, 1.95, 0.45), behind, up, 0.12, "plate" if white else "mark", depth=0.3, parts=("cape",))
-    paint.rivets([(s * 0.47 * np.sin(a) * 0.98, 1.33, 0.40 * np.cos(a)) for s in (-1, 1) for a in np.radians((20, 60, 120, 160))], 0.022,
+    studs = np.radians((20, 60, 120, 160, 200, 240, 300, 340))
+    paint.rivets([(0.46 * np.sin(a), 1.33, 0.40 * np.cos(a)) for a in studs], 0.022,
                  paint.part("belt"))
     paint.lamps(paint.near((0, 1.33, -0.40), 0.06) * paint.part("belt"))
     return {"spill": 0.05, "wear": 1.0 if white else 0.75}

@@ -38,13 +38,15 @@ def skeleton():
 
 def hull_section(w, h, y, z):
     """Eight corners of the barrel: narrow above, broad in the flanks, flat below."""
-    outline = [(-0.45 * w, -h), (0.45 * w, -h), (w, -0.35 * h), (w, 0.30 * h), (0.55 * w, h), (-0.55 * w, h), (-w, 0.30 * h), (-w, -0.35 * h)]
+    outline = [(-0.45 * w, -h), (0.45 * w, -h), (w, -0.35 * h), (w, 0.30 * h), (0.55 * w, h), (-0.55 * w, h), (-w, 0.30 * h),
+               (-w, -0.35 * h)]
     return section(outline, (0, y, z), (0, 0, -1))
 
 
 def body(figure):
     hull = loft([hull_section(0.16, 0.14, 1.60, 0.92), hull_section(0.36, 0.28, 1.53, 0.76), hull_section(0.39, 0.30, 1.49, 0.34),
-                 hull_section(0.36, 0.31, 1.47, -0.20), hull_section(0.27, 0.27, 1.50, -0.48), hull_section(0.13, 0.14, 1.54, -0.62)],
+                 hull_section(0.36, 0.31, 1.47, -0.20), hull_section(0.27, 0.27, 1.50, -0.48),
+                 hull_section(0.13, 0.14, 1.54, -0.62)],
                 bands=["trim", "plate", "plate", "plate", "trim"])
     flanks = vent(0.26, 0.13, 5).rotate(y=90).move(0.378, 1.505, 0.14)
     flanks = flanks + flanks.mirror() + vent(0.22, 0.12, 4).rotate(x=14).move(0, 1.44, 0.835)
@@ -59,7 +61,8 @@ def body(figure):
     nozzle = lathe([(0.20, 0.0), (0.24, 0.10), (0.17, 0.17), (0.22, 0.30), (0.17, 0.30), (0.10, 0.14), (0, 0.12)], 9, close=False,
                    bands=["trim", "metal", "metal", "plate", "dark", "light"])
     figure.part("jet", nozzle.aim((0, 1.27, 0), (0, 0.95, 0)), "jet", bevel=0.01)
-    pod = lathe([(0.0, -0.34), (0.11, -0.28), (0.165, -0.30), (0.175, -0.10), (0.165, 0.14), (0.10, 0.20), (0, 0.16)], 8, close=False,
+    pod = lathe([(0.0, -0.34), (0.11, -0.28), (0.165, -0.30), (0.175, -0.10), (0.165, 0.14), (0.10, 0.20), (0, 0.16)], 8,
+                close=False,
                 bands=["light", "dark", "plate", "plate", "metal", "dark"]).rotate(x=62).move(0.53, 1.55, 0.24)
     studs = rivets([(0.175 * np.sin(a), -0.07, 0.175 * np.cos(a)) for a in np.radians(np.arange(22, 360, 45))], (0, 1, 0), 0.018)
     figure.pair("pod", pod, "pod", bevel=0.012, detail=studs.rotate(x=62).move(0.53, 1.55, 0.24))
@@ -67,29 +70,35 @@ def body(figure):
 
 def neck(figure):
     def ring(w, d, y, z, along):
-        return section([(-w, -0.3 * d), (-0.5 * w, -d), (0.5 * w, -d), (w, -0.3 * d), (0.8 * w, 0.5 * d), (0.25 * w, d), (-0.25 * w, d),
+        return section([(-w, -0.3 * d), (-0.5 * w, -d), (0.5 * w, -d), (w, -0.3 * d), (0.8 * w, 0.5 * d), (0.25 * w, d),
+                        (-0.25 * w, d),
                         (-0.8 * w, 0.5 * d)], (0, y, z), along, (0, 0.3, 1))
     lower = loft([ring(0.20, 0.24, 1.46, -0.16, (0, 1, -0.6)), ring(0.235, 0.31, 1.78, -0.33, (0, 1, -0.45)),
                   ring(0.185, 0.27, 2.04, -0.42, (0, 1, -0.1))], caps=(False, True))
-    hoses = join(*[tube(curve([(s * 0.245, 1.74, -0.40), (s * 0.225, 1.85, -0.47), (s * 0.195, 1.99, -0.52)], 4), 0.024, 6) for s in (-1, 1)])
+    hoses = join(*[tube(curve([(s * 0.245, 1.74, -0.40), (s * 0.225, 1.85, -0.47), (s * 0.195, 1.99, -0.52)], 4), 0.024,
+                        6) for s in (-1, 1)])
     figure.part("neck", lower, "neck", bevel=0.012, smooth=45, detail=hoses.material("dark"))
     upper = loft([ring(0.165, 0.215, 1.97, -0.385, (0, 1, -0.2)), ring(0.165, 0.24, 2.16, -0.42, (0, 1, 0.0)),
                   ring(0.13, 0.17, 2.33, -0.38, (0, 1, 0.3))])
     figure.part("crest", grown(upper), "crest", bevel=0.012, smooth=45)
     fin = plate([(-0.02, -0.10), (0.20, -0.02), (0.27, 0.16), (0.06, 0.14), (-0.02, 0.12)], 0.07).drop(lambda c, n: n[0] < -0.9)
-    spots = ((1.70, 0.06, "neck", -58, 1.0), (1.90, -0.10, "neck", -70, 1.05), (2.07, -0.17, "crest", -82, 1.05), (2.23, -0.19, "crest", -98, 1.0),
+    spots = ((1.70, 0.06, "neck", -58, 1.0), (1.90, -0.10, "neck", -70, 1.05), (2.07, -0.17, "crest", -82, 1.05),
+             (2.23, -0.19, "crest", -98, 1.0),
              (2.37, -0.25, "crest", -128, 0.85))
     for k, (y, z, bone, tilt, size) in enumerate(spots):
         mane = fin.scale(size).rotate(y=-90).rotate(x=tilt + 84).move(0, y, z)
-        figure.part(f"mane{k}", grown(mane) if bone == "crest" else mane, bone, material="stripe", bevel=0.008, like="mane0" if k else None)
+        figure.part(f"mane{k}", grown(mane) if bone == "crest" else mane, bone, material="stripe", bevel=0.008,
+                    like="mane0" if k else None)
 
 
 def head(figure):
     """Built along -z from the poll and tilted down: forehead, cheeks, nose."""
     def ring(w, h, y, z, top=0.55):
-        return section([(-w, -0.35 * h), (-0.5 * w, -h), (0.5 * w, -h), (w, -0.35 * h), (w * 0.95, 0.35 * h), (top * w, h), (-top * w, h),
+        return section([(-w, -0.35 * h), (-0.5 * w, -h), (0.5 * w, -h), (w, -0.35 * h), (w * 0.95, 0.35 * h), (top * w, h),
+                        (-top * w, h),
                         (-w * 0.95, 0.35 * h)], (0, y, z), (0, 0, -1))
-    skull = loft([ring(0.12, 0.15, 0.03, 0.10), ring(0.19, 0.23, 0.0, -0.10), ring(0.175, 0.20, 0.01, -0.30), ring(0.115, 0.135, 0.02, -0.56),
+    skull = loft([ring(0.12, 0.15, 0.03, 0.10), ring(0.19, 0.23, 0.0, -0.10), ring(0.175, 0.20, 0.01, -0.30),
+                  ring(0.115, 0.135, 0.02, -0.56),
                   ring(0.135, 0.14, 0.005, -0.74), ring(0.10, 0.10, -0.01, -0.86)])
 
     def put(mesh):
@@ -113,21 +122,24 @@ def head(figure):
 def leg(figure, kind, chain, bulk):
     hip, knee, ankle = (np.array(p) for p in chain)
     thigh = loft([section(oval(w, d, 6), at, knee - hip, (0, 0, -1)) for w, d, at in (
-        (0.13 * bulk, 0.20 * bulk, hip + (0.0, 0.10, 0)), (0.15 * bulk, 0.23 * bulk, hip * 0.75 + knee * 0.25), (0.085, 0.10, knee))],
+        (0.13 * bulk, 0.20 * bulk, hip + (0.0, 0.10, 0)), (0.15 * bulk, 0.23 * bulk, hip * 0.75 + knee * 0.25),
+        (0.085, 0.10, knee))],
         bands=["plate", "plate"])
     figure.pair(f"{kind}thigh", thigh, f"{kind}thigh", bevel=0.015, smooth=45)
     joint = cylinder(0.10, 0.22, 7).move(y=-0.11).rotate(z=-90).move(*knee)
     figure.pair(f"{kind}joint", joint, f"{kind}shin", material="metal", bevel=0.01)
     down = ankle - knee
     shin = loft([section(oval(w, d, 6), at, down, (0, 0, -1)) for w, d, at in (
-        (0.085, 0.095, knee - down * 0.02), (0.10, 0.13, knee + down * 0.35), (0.055, 0.06, knee + down * 0.70), (0.085, 0.10, ankle))],
+        (0.085, 0.095, knee - down * 0.02), (0.10, 0.13, knee + down * 0.35), (0.055, 0.06, knee + down * 0.70),
+        (0.085, 0.10, ankle))],
         bands=["trim", "plate", "metal"], caps=(False, False))
     rod = tube([knee + (0, 0.02, 0.09), knee + down * 0.80 + (0, 0, 0.055)], 0.026, 4, caps=False)
     figure.pair(f"{kind}rod", rod, f"{kind}shin", material="chrome", bevel=0.0)
     figure.pair(f"{kind}shin", shin, f"{kind}shin", bevel=0.012, smooth=40)
     x, _, z = ankle
     hoof = loft([section([(-w, -d * 0.7), (-w * 0.5, -d), (w * 0.5, -d), (w, -d * 0.7), (w * 0.8, d * 0.8), (-w * 0.8, d * 0.8)],
-                         (x, y, z + dz), (0, 1, 0), (0, 0, 1)) for w, d, y, dz in ((0.15, 0.20, 0.0, -0.05), (0.115, 0.145, 0.22, -0.01))])
+                         (x, y, z + dz), (0, 1, 0), (0, 0, 1)) for w, d, y,
+                         dz in ((0.15, 0.20, 0.0, -0.05), (0.115, 0.145, 0.22, -0.01))])
     figure.pair(f"{kind}hoof", hoof, f"{kind}hoof", material="plate", bevel=0.012)
 
 
@@ -139,14 +151,17 @@ def build():
     leg(figure, "fore", FORE, 1.0)
     leg(figure, "hind", HIND, 1.18)
     dock = loft([section(oval(w, d, 6), at, along, (0, 1, 0)) for w, d, at, along in (
-        (0.07, 0.07, (0, 1.64, 0.80), (0, 0.3, 1)), (0.11, 0.09, (0, 1.64, 0.98), (0, -0.4, 1)), (0.10, 0.09, (0, 1.48, 1.09), (0, -1, 0.4)))],
+        (0.07, 0.07, (0, 1.64, 0.80), (0, 0.3, 1)), (0.11, 0.09, (0, 1.64, 0.98), (0, -0.4, 1)),
+        (0.10, 0.09, (0, 1.48, 1.09), (0, -1, 0.4)))],
         caps=(False, False))
     figure.part("tail", dock, "tail", material="stripe", bevel=0.008)
     for side in (1, -1):
-        cable = tube(curve([(side * 0.16, 1.86, -0.20), (side * 0.24, 1.80, 0.0), (side * 0.22, 1.72, 0.12)], 2), 0.035, 5, caps=False)
+        cable = tube(curve([(side * 0.16, 1.86, -0.20), (side * 0.24, 1.80, 0.0), (side * 0.22, 1.72, 0.12)], 2), 0.035,
+                     5, caps=False)
         figure.part("cable.R" if side > 0 else "cable.L", cable, "neck", material="dark", bevel=0.0)
     plume = loft([section(oval(w, d, 6), at, along, (0, 0, 1)) for w, d, at, along in (
-        (0.115, 0.08, (0, 1.52, 1.08), (0, -1, 0.3)), (0.135, 0.09, (0, 1.20, 1.14), (0, -1, 0.1)), (0.02, 0.02, (0, 0.84, 1.16), (0, -1, 0)))])
+        (0.115, 0.08, (0, 1.52, 1.08), (0, -1, 0.3)), (0.135, 0.09, (0, 1.20, 1.14), (0, -1, 0.1)),
+        (0.02, 0.02, (0, 0.84, 1.16), (0, -1, 0)))])
     figure.part("plume", plume, "tail.end", material="stripe", bevel=0.008)
     return figure
 
@@ -156,7 +171,8 @@ LEGS = ("fore.R", "fore.L", "hind.R", "hind.L")
 
 def look(p, turn, nod=0.0):
     """Neck and head turned to one side by shares."""
-    p.turn("neck", y=0.22 * turn, x=0.4 * nod).turn("crest", y=0.43 * turn, x=0.2 * nod).turn("head", y=0.50 * turn, x=0.5 * nod, z=0.10 * turn)
+    p.turn("neck", y=0.22 * turn, x=0.4 * nod).turn("crest", y=0.43 * turn, x=0.2 * nod)
+    p.turn("head", y=0.50 * turn, x=0.5 * nod, z=0.10 * turn)
 
 
 def stand(p, i):
@@ -181,7 +197,8 @@ def hover(p, k, i=0):
     p.move("body", y=0.05 * k + 0.035 * bob)
     p.turn("body", x=3 * k + 1.6 * sway(i, 12, 0.25) * k, z=1.5 * sway(i, 12, 0.4) * k)
     look(p, GAZE * (1 - 0.55 * k), 10 * k + 2 * sway(i, 12, 0.15) * k)
-    p.turn("tail", x=52 * k + 4 * sway(i, 12, 0.3) * k).turn("tail.end", x=14 * k + 7 * sway(i, 12, 0.1) * k, y=5 * sway(i, 12, 0.5) * k)
+    p.turn("tail", x=52 * k + 4 * sway(i, 12, 0.3) * k)
+    p.turn("tail.end", x=14 * k + 7 * sway(i, 12, 0.1) * k, y=5 * sway(i, 12, 0.5) * k)
     for side, sign in (("R", 1), ("L", -1)):
         swing = 2.5 * sway(i, 12, 0.2 * sign) * k
         p.turn(f"forethigh.{side}", x=(70 if sign > 0 else 58) * k + swing, z=4 * sign * k)

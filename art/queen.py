@@ -11,7 +11,6 @@ from kit import *
 ATTACK = 92
 SHOULDER, ELBOW, WRIST = (0.34, 2.24, 0.02), (0.50, 1.86, 0.14), (0.47, 1.62, -0.22)
 JET = np.array((0, 0.30, 0.60))
-BALL = np.array((0, 1.80, -1.50))  # where the energy gathers
 HEADINGS = {"back": 0, "back.R": 58, "side.R": 116, "front": 180, "side.L": 244, "back.L": 302}
 FLIGHT = 0.22  # how high she hovers
 
@@ -72,7 +71,8 @@ def gown(figure):
         shape, first = (broad, "petal.back.R") if name.startswith("back") else (narrow, "petal.side.R")
         if name == "front":
             shape, first = narrow, "petal.side.R"
-        figure.part(f"petal.{name}", shape.rotate(y=heading), f"petal.{name}", bevel=0.008, like=None if name == first[6:] else first)
+        figure.part(f"petal.{name}", shape.rotate(y=heading), f"petal.{name}", bevel=0.008,
+                    like=None if name == first[6:] else first)
     nozzle = lathe([(0.10, 0.0), (0.15, 0.16), (0.13, 0.30), (0.21, 0.50), (0.17, 0.50), (0.07, 0.30)], 9, close=False,
                    bands=["trim", "metal", "metal", "plate", "light"])
     start = JET + 0.5 * np.array((0, 0.894, -0.447))
@@ -83,9 +83,11 @@ def gown(figure):
 
 
 def torso(figure):
-    waist = lathe([(0.23, 1.36), (0.175, 1.52), (0.20, 1.70), (0.275, 1.98), (0.285, 2.10), (0.22, 2.26), (0.09, 2.36)], 10, start=18,
+    waist = lathe([(0.23, 1.36), (0.175, 1.52), (0.20, 1.70), (0.275, 1.98), (0.285, 2.10), (0.22, 2.26), (0.09, 2.36)],
+                  10, start=18,
                   close=False, bands=["trim", "plate", "plate", "plate", "plate", "metal"]).scale(1.12, 1, 0.78)
-    hoops = join(*[lathe([(0.176 + r, 1.53 + 0.06 * k), (0.186 + r, 1.545 + 0.06 * k), (0.176 + r, 1.56 + 0.06 * k)], 20, close=False)
+    hoops = join(*[lathe([(0.176 + r, 1.53 + 0.06 * k), (0.186 + r, 1.545 + 0.06 * k), (0.176 + r, 1.56 + 0.06 * k)], 20,
+                         close=False)
                    for k, r in enumerate((0.0, 0.006, 0.014))]).scale(1.12, 1, 0.78).material("metal")
     figure.part("torso", waist, "chest", bevel=0.01, smooth=42, detail=hoops)
     figure.part("girdle", lathe([(0.245, 1.36), (0.262, 1.44), (0.20, 1.50)], 10, start=18, close=False), "body", material="metal",
@@ -99,7 +101,8 @@ def torso(figure):
     for k in range(5):
         lean = -68 + 34 * k
         height = 1.0 if k == 2 else 0.96 if k in (1, 3) else 0.86
-        figure.part(f"blade{k}", blade.scale(1, height, 1).rotate(x=20).rotate(z=-lean).rotate(y=lean * 0.35).move(0, 2.26, 0.17), "fan",
+        turned = blade.scale(1, height, 1).rotate(x=20).rotate(z=-lean).rotate(y=lean * 0.35)
+        figure.part(f"blade{k}", turned.move(0, 2.26, 0.17), "fan",
                     bevel=0.006, like="blade0" if k else None)
     ribbon = loft([[(x - w, y, z), (x + w, y, z), (x + w, y, z + 0.03), (x - w, y, z + 0.03)] for w, x, y, z in (
         (0.11, 0.46, 0.80, 0.52), (0.085, 0.36, 1.28, 0.40), (0.07, 0.26, 1.75, 0.33), (0.055, 0.20, 2.20, 0.19))])
@@ -165,7 +168,8 @@ def build():
 def hands(p, x=0.0, y=0.0, z=0.0, pitch=0.0, yaw=0.0, roll=0.0, lift=0.0):
     """Both hands, mirrored, relative to standing; `lift` raises the left one more."""
     for side, sign in (("R", 1), ("L", -1)):
-        p.plant(f"arm.{side}", sign * x, y + (lift if sign < 0 else 0.0), z, pitch, sign * yaw, sign * roll, knee=(sign * 0.6, -0.3, 0.2))
+        p.plant(f"arm.{side}", sign * x, y + (lift if sign < 0 else 0.0), z, pitch, sign * yaw, sign * roll,
+                knee=(sign * 0.6, -0.3, 0.2))
 
 
 def ribbons(p, back=0.0, spread=0.0, i=0, stir=0.0, period=16):
@@ -235,7 +239,8 @@ def damage(p, i):
 
 
 def attack(p, i):
-    """She rises a little, lifts her hands about the place before her, gathers and holds, and lowers them at the end."""
+    """She rises a little, lifts her hands about the place before her, at (0, 1.8, -1.5), gathers and
+    holds, and lowers them at the end."""
     up = keys(i, (0, 0), (2, -0.10), (8, 1.04, ease_out), (12, 1), (ATTACK - 6, 1), (ATTACK - 1, 0))
     gather = keys(i, (8, 0), (16, 1), (ATTACK - 10, 1), (ATTACK - 4, 0))
     strain = gather * (1.0 + 0.5 * keys(i, (20, 0), (52, 1), (60, 0.2)))
@@ -243,7 +248,8 @@ def attack(p, i):
     p.move("body", y=0.16 * max(0.0, up) + 0.035 * slow * gather, z=-0.16 * up)
     p.turn("body", x=-8 * up + 1.5 * slow * gather, z=1.2 * wave(i, 31) * gather)
     p.turn("chest", x=-3 * up + 1.2 * wave(i, 17) * gather - 3 * strain * 0.5, y=2.5 * wave(i, 37) * gather)
-    p.turn("head", x=11 * up + 1.5 * wave(i, 19) * gather - 5 * keys(i, (14, 0), (30, 1), (70, 1), (84, 0)), y=2 * wave(i, 41) * gather)
+    p.turn("head", x=11 * up + 1.5 * wave(i, 19) * gather - 5 * keys(i, (14, 0), (30, 1), (70, 1), (84, 0)),
+           y=2 * wave(i, 41) * gather)
     p.turn("fan", x=-14 * up + 1.2 * quick)
     petals(p, 9 * max(0.0, up) + 3 * gather, 0.0, i, 2.0 * gather, 23)
     ribbons(p, 14 * up + 16 * gather, 10 * up, i, 5.0 * gather, 8)
@@ -336,7 +342,8 @@ def decorate(paint, army):
         paint.lay(paint.near(gem, 0.042) * paint.part("band"), "line", 0.8).lamps(paint.near(gem, 0.030) * paint.part("band"))
     for a in np.radians(np.arange(0, 360, 36)):
         paint.rivets([(0.255 * np.sin(a), 1.405, 0.255 * np.cos(a))], 0.014, paint.part("girdle"))
-    return {"spill": 0.045, "gain": 1.25 if white else 1.15, "wear": 0.55 if white else 0.45, "grime": 0.7, "dust": 0.3, "streaks": 0.3}
+    return {"spill": 0.045, "gain": 1.25 if white else 1.15, "wear": 0.55 if white else 0.45, "grime": 0.7, "dust": 0.3,
+            "streaks": 0.3}
 
 
 def crest_mark(size):
