@@ -87,11 +87,11 @@ class Picture:
 class Player:
     """One run of the program. Use it in a with block."""
 
-    def __init__(self, name, speed=8, answer="", arguments=()):
+    def __init__(self, name, speed=8, answer="", environment=None):
         self.name = name
         self.speed = speed
         self.answer = answer
-        self.arguments = list(arguments)
+        self.extra = environment or {}
         self.lines = []
         self.errors = []
         self.shots = 0
@@ -105,8 +105,9 @@ class Player:
         with os.fdopen(read) as pipe:
             display = ":" + pipe.readline().strip()
         self.environment = dict(os.environ, DISPLAY=display, SDL_AUDIODRIVER="dummy")
+        self.environment.update(self.extra)
         data = os.environ.get("TOLVANE_DATA", ROOT / "data")
-        command = [str(BINARY)] + self.arguments
+        command = [str(BINARY)]
         if self.speed != 1:
             command = ["faketime", "-f", f"+0 x{self.speed}"] + command
         self.program = subprocess.Popen(

@@ -1,6 +1,10 @@
 """Games on the real program: every case is a person at the mouse."""
 
+import array
+import math
+import pathlib
 import re
+import tempfile
 import time
 import unittest
 
@@ -162,17 +166,19 @@ class Picking(unittest.TestCase):
 
 class WholeGames(unittest.TestCase):
     def test_a_mate_ends_in_the_kings_end(self):
-        with Player("mate") as player:
+        with Player("mate", speed=3) as player:
             player.wait_for_board()
             player.play("f2f3 e7e5 g2g4 d8h4")
             player.wait_for_line("Player is CHECK: 0\nPlayer is CHECK-MATE: 0")
             king = (project((1.75, 0.0, 12.25)), project((1.75, 3.0, 12.25)))
             box = (int(king[0][0]) - 40, int(king[1][1]) - 20, int(king[0][0]) + 40, int(king[0][1]) + 20)
             standing = player.look()
-            for stage in range(8):
-                time.sleep(0.35)
+            for stage in range(10):
+                time.sleep(0.3)
                 player.shoot(f"stage{stage}")
-            self.assertGreater(player.look().differences(standing, box), 1000, "the king is gone")
+            player.until(lambda: player.look().differences(standing, box) > 1000, "the king to be gone")
+            time.sleep(1.0)
+            player.shoot("over")
 
             # The mouse is dead for good, the camera is not.
             player.click("a2")
@@ -192,8 +198,8 @@ class WholeGames(unittest.TestCase):
                 time.sleep(0.4)
                 player.shoot(f"move{count}")
             self.assertEqual(re.findall(PLAYED, player.text() + "\n\n"), [("2", "2")] * 21)
-            self.assertEqual(player.text().count("§§§§§§ KING MOVED TO 6:7"), 1)
-            self.assertEqual(player.text().count("§§§§§§ KING MOVED TO 2:0"), 1)
+            self.assertEqual(player.text().count("§§§§§§ KING MOVED to 6:7"), 1)
+            self.assertEqual(player.text().count("§§§§§§ KING MOVED to 2:0"), 1)
 
             # The grid stays hidden, but a figure can take a figure.
             def taken():
@@ -217,6 +223,53 @@ class WholeGames(unittest.TestCase):
             self.assertEqual(player.plays(), 0)
             player.play("e2e4")
             self.assertEqual(player.leave(), 0)
+
+
+class Sound(unittest.TestCase):
+    """Listens to what a player would hear."""
+
+    STEP = 0.05  # seconds that one level stands for
+
+    def levels(self, path):
+        """The loudness of each short step of a recording, 0 to 1."""
+        samples = array.array("h")
+        samples.frombytes(path.read_bytes()[:path.stat().st_size // 4 * 4])
+        block = int(44100 * self.STEP) * 2
+        return [math.sqrt(sum(s * s for s in samples[i:i + block]) / block) / 32768
+                for i in range(0, len(samples) - block, block)]
+
+    def test_a_fight_is_heard_over_the_music(self):
+        with tempfile.TemporaryDirectory() as folder:
+            recording = pathlib.Path(folder) / "heard.raw"
+            # Ten milliseconds to a buffer of eleven and a half: the recording keeps up with the clock.
+            sound = {"SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": str(recording), "SDL_DISKAUDIODELAY": "10"}
+            with Player("sound", speed=1, environment=sound) as player:
+                seconds = lambda: recording.stat().st_size / (44100 * 4)
+                player.wait_for_board()
+                quiet_from = seconds()
+                time.sleep(4.0)
+                quiet_to = seconds()
+                player.play("e2e4 d7d5")
+                player.select("e4")
+                fight_from = seconds()
+                player.move("e4", "d5")
+                player.select("a7")  # the scene is over
+                fight_to = seconds()
+                self.assertEqual(player.leave(), 0)
+            levels = self.levels(recording)
+
+        def part(start, end):
+            return levels[int(start / self.STEP):int(end / self.STEP)]
+        music = part(quiet_from, quiet_to)
+        fight = part(fight_from, fight_to)
+        self.assertGreater(min(music), 0.001, "the music never falls silent")
+        self.assertLess(max(levels), 0.9, "nothing clips")
+        # Two rounds of two shots, the death and the pawn's steps and voice stand out of the music.
+        ordinary = sorted(music)[len(music) // 2]
+        loud = [level > 2.0 * ordinary for level in fight]
+        bursts = sum(now and not before for before, now in zip([False] + loud, loud))
+        self.assertGreaterEqual(bursts, 3)
+        self.assertGreater(sum(loud) * self.STEP, 1.5)
 
 
 class Endings(unittest.TestCase):
