@@ -1,12 +1,16 @@
 #version 120
 
-// Ambient, diffuse and emitted light tint the picture; the highlight comes on top, untinted, as the fixed
-// function does with separate specular colour. The alpha is that of the material and the picture.
+// Ambient, diffuse and emitted light tint the picture; highlight and rim come on top, as the fixed function
+// does with separate specular colour. It stays so close to the fixed function that a figure which begins to
+// fade, and is drawn by that from then on, does not jump in brightness.
 
 uniform sampler2D Texture;
 
 varying vec3 normal;
-varying vec4 leanAndPlace;
+varying float facing;
+varying vec3 halfway;
+varying float rim;
+varying vec2 skin;
 
 // base to the power of exponent, for a base of 0 to 1: (1 + x / 8) to the eighth stands for e to the x.
 float power(float base, float exponent)
@@ -19,14 +23,18 @@ float power(float base, float exponent)
 
 void main()
 {
-    vec2 cosines = leanAndPlace.xy * inversesqrt(dot(normal, normal));
-    float lit = max(cosines.x, 0.0);
-    float shine = power(min(cosines.y, 1.0), gl_FrontMaterial.shininess) * step(1.0e-6, lit);
+    vec4 picture = texture2D(Texture, skin);
+    // Cyan and amber lamps alone lie so far apart in red and blue: they shine by themselves.
+    float lamp = clamp(5.0 * abs(picture.r - picture.b) - 3.0, 0.0, 1.0);
 
+    float unit = inversesqrt(dot(normal, normal));
     vec3 tint = gl_FrontLightModelProduct.sceneColor.rgb + gl_FrontLightProduct[0].ambient.rgb
-        + gl_FrontLightProduct[0].diffuse.rgb * lit;
-    vec4 picture = texture2D(Texture, leanAndPlace.zw);
+        + gl_FrontLightProduct[0].diffuse.rgb * max(facing * unit, 0.0) + lamp;
 
-    gl_FragColor = vec4(min(tint, 1.0) * picture.rgb + gl_FrontLightProduct[0].specular.rgb * shine,
-        gl_FrontMaterial.diffuse.a * picture.a);
+    // Dark paint throws back less of the light than bright paint.
+    float shine = power(min(dot(normal, halfway) * unit, 1.0), gl_FrontMaterial.shininess);
+    float gleam = shine * min(0.6 + 0.85 * picture.g, 1.0) + rim;
+
+    gl_FragColor = vec4(min(tint, 1.0) * picture.rgb + gl_FrontLightProduct[0].specular.rgb * gleam,
+                        gl_FrontMaterial.diffuse.a * picture.a);
 }
