@@ -118,6 +118,7 @@ std::vector<Clip> ClipsOf(const std::string& path) {
         found.push_back({group.firstFrame, {name, group.frameCount + 1}});
     std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<Clip> clips;
+    clips.reserve(found.size());
     for (const auto& [first, clip] : found)
         clips.push_back(clip);
     return clips;
