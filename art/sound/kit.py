@@ -465,6 +465,7 @@ def mastered(x, target, ceiling, circle=False):
 
 
 REFERENCE = -15.0  # dB: the loudness of a voice; blasts lie above it, what runs for long lies below
+HEADROOM = 1.5  # dB: a voice, a motor and a shot at once, over the music, stay below full scale
 
 
 def softly_begun(x, freedom):
@@ -494,7 +495,7 @@ def finish(name, x, louder=0.0, ceiling=-3.0, circle=False, fade_in=0.0006, fade
             x = x - np.outer(hum, np.sum(x, axis=0) / np.sum(hum))
         else:
             x = x - hum * (np.sum(x) / np.sum(hum))
-    x = mastered(x, REFERENCE + louder, ceiling, circle)
+    x = mastered(x, REFERENCE + louder - HEADROOM, ceiling - HEADROOM, circle)
     write(name + ".wav", x)
 
 
