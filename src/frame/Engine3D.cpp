@@ -112,11 +112,11 @@ std::vector<unsigned int> LoadSky(TextureHandler& textures) {
     std::vector<unsigned int> faces;
     std::cout << "loading skybox-texture: ";
     for (const char* const path : skyFaces) {
-        std::cout << " " << faces.size() + 1 << " ";
+        std::cout << " " << faces.size() + 1 << (faces.size() + 1 == skyFaces.size() ? " \n" : " ");
         faces.push_back(textures.LoadTexture(path, GL_LINEAR, GL_LINEAR_MIPMAP_LINEAR, GL_CLAMP_TO_EDGE,
                                              GL_CLAMP_TO_EDGE, GL_REPLACE));
     }
-    std::cout << "\ntextues loaded\n" << std::endl;
+    std::cout << "textues loaded\n" << std::endl;
     return faces;
 }
 
