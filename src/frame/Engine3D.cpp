@@ -186,7 +186,8 @@ void Engine3D::OpenWindow(int windowWidth, int windowHeight, int depth) {
     if (screen != nullptr && granted.multisampling && RendersInSoftware()) {
         // A window that is asked for anew keeps its samples, unless it was without GL in between.
         SDL_SetVideoMode(windowWidth, windowHeight, depth, videoFlags & ~SDL_OPENGL);
-        OpenSurface(windowWidth, windowHeight, depth, true, false);
+        if (!OpenSurface(windowWidth, windowHeight, depth, true, false))
+            OpenSurface(windowWidth, windowHeight, depth, false, false);
     }
     // Bitmap text insists on it, and it needs a display: only now is there one for sure.
     if (screen != nullptr)
