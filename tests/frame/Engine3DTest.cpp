@@ -9,6 +9,7 @@
 
 #include "assets/Gl.h"
 #include "frame/RecordingGame.h"
+#include "scene/DrawAble.h"
 #include "support/GlWindow.h"
 
 namespace tolvane {
@@ -48,6 +49,14 @@ SDL_Event Key(SDLKey symbol) {
     event.key.keysym.sym = symbol;
     return event;
 }
+
+// Counts the frames in which it is drawn.
+class FrameMark final : public DrawAble {
+public:
+    void Draw(int, bool, bool, bool, const Vertex*, const Vertex*) override { ++frames; }
+
+    int frames = 0;
+};
 
 SDL_Event Resized(int width, int height) {
     SDL_Event event{};
@@ -148,6 +157,24 @@ TEST(Engine3D, TabTogglesFullScreenAndKeepsTheContext) {
     test::PrintedBy([&] { started.engine->Dispatch(Key(SDLK_TAB)); });
 }
 
+TEST(Engine3D, LightingAndWireframeSurviveTheFullScreenToggle) {
+    const Started started("\n");
+    const auto press = [&](SDLKey key) { test::PrintedBy([&] { started.engine->Dispatch(Key(key)); }); };
+    press(SDLK_l);
+    press(SDLK_F3);
+    press(SDLK_TAB);
+    press(SDLK_TAB);
+    EXPECT_FALSE(IsEnabled(GL_LIGHTING));
+    GLint modes[2] = {};
+    glGetIntegerv(GL_POLYGON_MODE, modes);
+    EXPECT_THAT(modes, ElementsAre(GL_LINE, GL_LINE));
+    press(SDLK_l);
+    press(SDLK_F3);
+    EXPECT_TRUE(IsEnabled(GL_LIGHTING));
+    glGetIntegerv(GL_POLYGON_MODE, modes);
+    EXPECT_THAT(modes, ElementsAre(GL_FILL, GL_FILL));
+}
+
 TEST(Engine3D, KeysAndTheCloseButtonQuitAndNothingElseDoes) {
     const Started started("\n");
     EXPECT_TRUE(started.engine->Dispatch(Key(SDLK_ESCAPE)));
@@ -159,6 +186,27 @@ TEST(Engine3D, KeysAndTheCloseButtonQuitAndNothingElseDoes) {
         event.type = type;
         EXPECT_FALSE(started.engine->Dispatch(event));
     }
+}
+
+TEST(Engine3D, HandlesWhatWaitsBehindAQuitKeyAndDrawsOneMoreFrame) {
+    {
+        const Started started("\n");
+        test::RecordingGame game;
+        FrameMark mark;
+        started.engine->SetGame(&game);
+        started.engine->AddOverlay(&mark);
+        for (const SDLKey symbol : {SDLK_q, SDLK_SPACE, SDLK_1}) {
+            SDL_Event event = Key(symbol);
+            ASSERT_EQ(SDL_PushEvent(&event), 0);
+        }
+        const std::string printed = test::PrintedBy([&] { started.engine->MainLoop(); });
+        EXPECT_EQ(printed.substr(0, printed.find("MD2")),
+                  "loading skybox-texture:  1  2  3  4  5  6 \ntextues loaded\n\n");
+        EXPECT_THAT(game.calls, ElementsAre("StartDemo", "AdvancePawn 4"));
+        EXPECT_EQ(mark.frames, 1);
+        EXPECT_EQ(SDL_WasInit(SDL_INIT_VIDEO), 0u) << "the window is closed";
+    }
+    const Started windowForTheOthers("\n");
 }
 
 TEST(Engine3D, KeepsTheAddressesOfItsStores) {

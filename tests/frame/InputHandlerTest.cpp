@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "assets/Gl.h"
+#include "frame/FrameClock.h"
 #include "frame/RecordingGame.h"
 #include "frame/Renderer3D.h"
 #include "frame/View3D.h"
@@ -209,8 +210,10 @@ TEST_F(InputHandlerUsed, AMouseReleaseOverNothingIsIgnored) {
 TEST_F(InputHandlerUsed, ADisabledMousePicksNothingAndHidesItsCursor) {
     input.SetMouseEnabled(false);
     EXPECT_EQ(SDL_ShowCursor(-1), 0);
+    frameClock = FrameClock();
     input.OnMouseUp(test::GlWindow::width / 2 + 20, test::GlWindow::height / 2 + 10);
     EXPECT_THAT(game.calls, IsEmpty());
+    EXPECT_EQ(frameClock.ticks, 0u) << "no step of the clock is spent";
 
     input.SetMouseEnabled(true);
     EXPECT_EQ(SDL_ShowCursor(-1), 1);

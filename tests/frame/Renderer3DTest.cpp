@@ -297,6 +297,22 @@ TEST_F(Renderer3DUsed, TheGridGoesUnderTheLastObjectOnlyWhereViewerAndObjectStan
     renderer.SetSelectionGrid(&grid);
 }
 
+TEST_F(Renderer3DUsed, DrawsLightAndSkyFirstAndHandsTheLightsPositionOn) {
+    Probe& figure = Add(3, 3);
+    Probe sun(0, 0, drawn);
+    Probe sky(1, 0, drawn);
+    renderer.SetLight(&sun);
+    renderer.SetSkybox(&sky);
+    renderer.RenderFrame();
+    EXPECT_THAT(drawn, ElementsAre(&sun, &sky, &figure));
+    EXPECT_EQ(sun.drawnEye, view.GetPosition());
+    EXPECT_EQ(sun.drawnLight, sun.GetPosition());
+    EXPECT_EQ(sky.drawnEye, nullptr);
+    EXPECT_EQ(sky.drawnLight, nullptr);
+    EXPECT_EQ(figure.drawnEye, view.GetPosition());
+    EXPECT_EQ(figure.drawnLight, sun.GetPosition());
+}
+
 TEST_F(Renderer3DUsed, ARemovalWaitsForTheEndOfTheFrame) {
     Probe& first = Add(0, 0);
     Probe& second = Add(1, 0);
