@@ -9,7 +9,7 @@ PLACES = {
     "start": (),
     "near-white": (("c", 1.2),),
     "black-side": (("a", 12.0),),
-    "from-the-left": (("d", 6.0), ("s", 1.2)),
+    "from-the-right": (("d", 6.0), ("s", 1.2)),
     "above": (("w", 3.0),),
     "close": (("s", 1.5), ("c", 1.75)),
 }
