@@ -154,10 +154,18 @@ class Player:
         self._xdotool("mousemove", str(int(x)), str(int(y)), "click", str(button))
 
     def click(self, field, button=1):
-        """At the figure's knees or, without a figure, at the far half of the field: nothing stands before
-        these."""
+        self.click_at(*self.place_of(field), button=button)
+
+    def drag(self, source, target):
+        """Presses on one field and lets go on another."""
+        start, end = ([str(int(n)) for n in self.place_of(field)] for field in (source, target))
+        self._xdotool("mousemove", *start, "mousedown", "1", "mousemove", *end, "mouseup", "1")
+
+    @staticmethod
+    def place_of(field):
+        """The figure's knees or, without a figure, the far half of the field: nothing stands before these."""
         x, _, z = corner(field, 0.5, 0.5)
-        self.click_at(*project((x, 0.7, z)), button=button)
+        return project((x, 0.7, z))
 
     def close(self):
         """The close button: what a window manager would send to the window."""

@@ -63,6 +63,25 @@ class Moves(unittest.TestCase):
             self.assertEqual(player.refusals(), 0)
             self.assertEqual(player.leave(), 0)
 
+    def test_full_screen_and_camera_answer_while_a_scene_runs(self):
+        with Player("full-screen", speed=3) as player:
+            player.wait_for_board()
+            player.play("e2e4 d7d5")
+            player.move("e4", "d5")
+            for key in ("a", "d"):
+                before = player.look()
+                player.hold(key, 1.0)
+                player.until(lambda: player.look().differences(before) > 20000, "the camera to turn")
+            player.press("Tab")
+            player.wait_for_line("toggle Fullscreen: 1")
+            player.press("Tab")
+            player.wait_for_line("toggle Fullscreen: 1", count=2)
+            player.shoot("back")
+            player.close()  # without a window manager the keys have no window to go to now
+            player.wait_for_line('Press "Enter" to exit')
+            player.say("")
+            self.assertEqual(player.program.wait(timeout=30), 0)
+
     def test_a_check_is_told(self):
         with Player("check") as player:
             player.wait_for_board()
@@ -147,6 +166,14 @@ class Picking(unittest.TestCase):
             for button, field in ((1, "a2"), (2, "b2"), (3, "c2"), (4, "d2")):
                 player.click(field, button)
                 player.until(lambda: player.frame_colour(field) == RED, f"{field} by button {button}")
+            self.assertEqual(player.leave(), 0)
+
+    def test_a_click_counts_where_the_button_comes_up(self):
+        with Player("drag", speed=1) as player:
+            player.wait_for_board()
+            player.drag("a2", "d2")
+            player.until(lambda: player.frame_colour("d2") == RED, "d2 to be picked")
+            self.assertIsNone(player.frame_colour("a2"))
             self.assertEqual(player.leave(), 0)
 
     def test_a_move_that_leaves_the_king_in_check_is_refused(self):
