@@ -76,6 +76,7 @@ class Moves(unittest.TestCase):
             player.wait_for_line("toggle Fullscreen: 1")
             player.press("Tab")
             player.wait_for_line("toggle Fullscreen: 1", count=2)
+            player.until(lambda: player.look().at(512, 384) != (0, 0, 0), "the picture to come back")
             player.shoot("back")
             player.close()  # without a window manager the keys have no window to go to now
             player.wait_for_line('Press "Enter" to exit')
