@@ -1,5 +1,5 @@
-"""Pictures of every scene at its height, close enough to judge. Run by hand: all scenes, or those that are named
-on the command line."""
+"""Pictures of every scene at its height, close enough to judge. Run by hand: all scenes, or those that are
+named on the command line."""
 
 import dataclasses
 import math
@@ -25,7 +25,7 @@ def middle(*fields):
 
 @dataclasses.dataclass
 class View:
-    """The point looked at, the side the eye is on (0 White's, 90 the right, 180 Black's) and how high and far."""
+    """The point looked at, the side the eye is on (0 White's, 90 the right, 180 Black's), how high and far."""
     x: float = 0.0
     z: float = 0.0
     y: float = 1.0
@@ -55,8 +55,8 @@ def on(*fields, **rest):
 
 
 class PacedPlayer(Player):
-    """A player whose clock changes its pace during the game: fast to where a scene begins, slow while the camera
-    is led to it and pictures are taken."""
+    """A player whose clock changes its pace during the game: fast to where a scene begins, slow while the
+    camera is led to it and pictures are taken."""
 
     FAST, SLOW = 6.0, 0.5
 
@@ -98,8 +98,8 @@ class PacedPlayer(Player):
         SHOTS.mkdir(parents=True, exist_ok=True)
         for name, picture in self.kept:
             subprocess.run(["convert", "-depth", "8", "-size", f"{SCREEN[0]}x{SCREEN[1]}", "rgb:-",
-                            "-define", "png:compression-level=1", "-crop", f"{WINDOW[0]}x{WINDOW[1]}+0+0", "+repage", str(SHOTS / name)],
-                           input=picture.raw, check=True)
+                            "-define", "png:compression-level=1", "-crop", f"{WINDOW[0]}x{WINDOW[1]}+0+0",
+                            "+repage", str(SHOTS / name)], input=picture.raw, check=True)
 
 
 class Camera:
@@ -137,7 +137,7 @@ class Camera:
             self.view = view
 
     def act(self, source, target, view):
-        """Picks in the starting view, goes near, and asks for the move there, so that nothing of it is missed."""
+        """Picks in the starting view, goes near, and asks for the move there, so that none of it is missed."""
         player = self.player
         player.select(source)
         before = player.plays()
@@ -154,7 +154,8 @@ class Camera:
 
 
 def series(player, seconds, step, label="t", over=lambda: False):
-    """Shoots over some seconds of the game, or until something is over; the label tells the tenth of a second."""
+    """Shoots over some seconds of the game, or until something is over. The label tells the tenth of a
+    second."""
     start = time.monotonic()
     for index in range(int(seconds / step)):
         time.sleep(max(0.0, start + index * step / player.speed - time.monotonic()))
@@ -176,10 +177,11 @@ class Fight:
 
 
 FIGHTS = {
+    "pawn": Fight("e2e4 d7d5", "e4", "d5", on("e4", "d5", turn=-30.0, distance=7.0), 5.0, 0.12),
+    "bishop": Fight("e2e4 e7e5 f1c4 d7d5", "c4", "d5", on("c4", "d5", turn=45.0, distance=7.0), 4.0, 0.12),
     "rook": Fight("h2h4 g7g5 h4g5 a7a6", "h1", "h7", on("h6", "h7", turn=60.0, tilt=25.0), 25.0, 1.0),
-    "king": Fight("e2e4 f7f5 e1e2 f5f4 e2f3 a7a6", "f3", "f4", on("f3", "f4", turn=60.0, distance=8.0), 12.0, 0.6),
+    "king": Fight("e2e4 f7f5 e1e2 f5f4 e2f3 a7a6", "f3", "f4", on("f3", "f4", turn=60.0, distance=8.0), 12.0),
     "en-passant": Fight("e2e4 a7a6 e4e5 d7d5", "e5", "d6", on("e5", "d5", turn=20.0), 12.0, 0.7),
-    "king-end": Fight("f2f3 e7e5 g2g4", "d8", "h4", on("e1", y=2.0, turn=30.0, tilt=15.0, distance=9.0), 26.0, 0.7),
 }
 
 # Moves that leave each text on the boards.
@@ -239,6 +241,23 @@ def show_queen(name):
         series(player, 10.0, 0.8, "victim")
         camera.go(on("e5", turn=-40.0, y=5.0, distance=16.0))
         series(player, 30.0, 1.0, "saucer")
+
+
+def show_mate(name):
+    """The mated king's end, and what the boards say of it."""
+    with PacedPlayer(name) as player:
+        player.wait_for_board()
+        player.set_pace(player.FAST)
+        player.play("f2f3 e7e5 g2g4")
+        player.select("d8")
+        player.set_pace(1.0)
+        player.click("h4")
+        player.wait_for_line("Player is CHECK-MATE: 0")
+        camera = Camera(player)
+        camera.go(on("e1", y=2.0, turn=30.0, tilt=15.0, distance=9.0))
+        series(player, 22.0, 0.7)
+        camera.go(View(y=5.0, turn=90.0, tilt=6.0, distance=1.0))
+        player.shoot("board")
 
 
 def show_demo(name):
@@ -315,7 +334,8 @@ def show_promotion(name):
 
 SCENES = {name: show_fight for name in FIGHTS}
 SCENES |= {"board-" + name: lambda scene: show_texts(scene.removeprefix("board-")) for name in TEXTS}
-SCENES |= {"queen": show_queen, "demo": show_demo, "start": show_start, "promotion": show_promotion,
+SCENES |= {"queen": show_queen, "demo": show_demo, "king-end": show_mate, "start": show_start,
+           "promotion": show_promotion,
            "near-white": lambda name: show_near(name, NEAR), "near-black": lambda name: show_near(name, NEAR_BLACK)}
 
 
