@@ -6,10 +6,11 @@
 
 uniform sampler2D Texture;
 
-varying vec3 normal;
-varying float facing;
-varying vec3 halfway;
-varying float rim;
+varying vec4 surface;
+varying vec4 gleam;
+varying vec4 shaded;
+varying vec3 lit;
+varying vec4 shine;
 varying vec2 skin;
 
 // base to the power of exponent, for a base of 0 to 1: (1 + x / 8) to the eighth stands for e to the x.
@@ -27,14 +28,13 @@ void main()
     // Cyan and amber lamps alone lie so far apart in red and blue: they shine by themselves.
     float lamp = clamp(5.0 * abs(picture.r - picture.b) - 3.0, 0.0, 1.0);
 
-    float unit = inversesqrt(dot(normal, normal));
-    vec3 tint = gl_FrontLightModelProduct.sceneColor.rgb + gl_FrontLightProduct[0].ambient.rgb
-        + gl_FrontLightProduct[0].diffuse.rgb * max(facing * unit, 0.0) + lamp;
+    float unit = inversesqrt(dot(surface.xyz, surface.xyz));
+    vec3 tint = shaded.rgb + lit * max(surface.w * unit, 0.0) + lamp;
 
     // Dark paint throws back less of the light than bright paint.
-    float shine = power(min(dot(normal, halfway) * unit, 1.0), gl_FrontMaterial.shininess);
-    float gleam = shine * min(0.6 + 0.85 * picture.g, 1.0) + rim;
+    float highlight = power(min(dot(surface.xyz, gleam.xyz) * unit, 1.0), shine.w)
+        * min(0.6 + 0.85 * picture.g, 1.0);
 
-    gl_FragColor = vec4(min(tint, 1.0) * picture.rgb + gl_FrontLightProduct[0].specular.rgb * gleam,
-                        gl_FrontMaterial.diffuse.a * picture.a);
+    gl_FragColor = vec4(min(tint, 1.0) * picture.rgb + shine.rgb * (highlight + gleam.w),
+                        shaded.a * picture.a);
 }

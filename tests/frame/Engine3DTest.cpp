@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <sstream>
@@ -114,12 +115,25 @@ TEST(Engine3D, SetsUpTheStateOfGl) {
     EXPECT_EQ(value, 8);
 }
 
-TEST(Engine3D, ASoftwareRendererGetsNoMultisampling) {
+TEST(Engine3D, ASoftwareRendererGetsNeitherMultisamplingNorAnAccumulationBuffer) {
     const Started started("\n");
     ASSERT_THAT(reinterpret_cast<const char*>(glGetString(GL_RENDERER)), HasSubstr("pipe"));
-    GLint samples = 0;
-    glGetIntegerv(GL_SAMPLES, &samples);
-    EXPECT_EQ(samples, 0);
+    for (const GLenum size : {GL_SAMPLES, GL_ACCUM_RED_BITS}) {
+        GLint granted = -1;
+        glGetIntegerv(size, &granted);
+        EXPECT_EQ(granted, 0) << size;
+    }
+}
+
+TEST(Engine3D, ASoftwareRendererIsAskedForQuickFilteringUnlessThePlayerHasSetItsSwitches) {
+    constexpr const char* switches = "GALLIVM_PERF";
+    unsetenv(switches);
+    { const Started started("\n"); }
+    EXPECT_STREQ(std::getenv(switches), "brilinear,rho_approx");
+    setenv(switches, "no_quad_lod", 1);
+    { const Started started("\n"); }
+    EXPECT_STREQ(std::getenv(switches), "no_quad_lod");
+    unsetenv(switches);
 }
 
 TEST(Engine3D, AWindowOfHeightZeroCountsAsOnePixelHigh) {
