@@ -96,15 +96,15 @@ void InitGlut() {
     glutInit(&count, arguments.data());
 }
 
-// The software renderer's own switches, read when the window opens; no other driver knows them. It then blends
-// two sizes of a picture only where they lie far apart, and estimates which to take: a tenth of a frame's time,
-// and no eye tells the difference. Whoever has set the switches already keeps them.
+// The software renderer's own switches, read when the window opens; no other driver knows them. It then
+// blends two sizes of a picture only where they lie far apart, and estimates which to take: a tenth of a
+// frame's time, and no eye tells the difference. Whoever has set the switches already keeps them.
 void AskForQuickFiltering() {
     setenv("GALLIVM_PERF", "brilinear,rho_approx", 0);
 }
 
-// Whether the processor draws: multisampling would halve its frame rate, and an accumulation buffer that nobody
-// reads would have to be cleared in every frame.
+// Whether the processor draws: multisampling would halve its frame rate, and an accumulation buffer that
+// nobody reads would have to be cleared in every frame.
 bool RendersInSoftware() {
     const auto* const name = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
     return name != nullptr &&
