@@ -124,13 +124,15 @@ class Player:
         except ProcessLookupError:
             pass
         self.program.wait()
+        self.program.stdin.close()
         self.server.kill()
         self.server.wait()
 
     @staticmethod
     def _collect(stream, lines):
-        for line in stream:
-            lines.append(line.rstrip("\n"))
+        with stream:
+            for line in stream:
+                lines.append(line.rstrip("\n"))
 
     # What a person does
 
