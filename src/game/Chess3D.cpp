@@ -219,8 +219,13 @@ void Chess3D::ExecuteMove() {
 }
 
 Action* Chess3D::CreateScene(ChessFigure3D* figure, const MoveResult& result) {
-    if (capturedField)
-        return actionFactory.CreateAttackAction(figure, FigureOn(*capturedField), fieldSize);
+    if (capturedField) {
+        ChessFigure3D* const victim = FigureOn(*capturedField);
+        if (victim != nullptr && victim != figure)
+            return actionFactory.CreateAttackAction(figure, victim, fieldSize);
+        // A pawn that a refused en passant has moved on the logical board alone: there is nobody to fight.
+        capturedField.reset();
+    }
     if (const std::unique_ptr<Coordinate> rookField{result.CastlingRookField()})
         return CreateCastling(figure, *rookField);
     return actionFactory.CreateMoveAction(figure, targetField->GetX(), targetField->GetY(), fieldSize);

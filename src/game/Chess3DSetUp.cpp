@@ -4,7 +4,6 @@
 #include <array>
 #include <iostream>
 #include <optional>
-#include <span>
 
 #include "assets/MD2_Instance.h"
 #include "assets/MD2_Store.h"

@@ -17,7 +17,7 @@ protected:
 };
 
 TEST_F(Demo, PlaysAWholeGameByItself) {
-    // The positions after each of its half-moves, and the fights on the way.
+    // The positions after each of its half-moves.
     constexpr std::array positions{
         "rnbqkbnr/pppppppp/8/8/4P3/8/PPPP1PPP/RNBQKBNR",
         "rnbqkb1r/pppppppp/7n/8/4P3/8/PPPP1PPP/RNBQKBNR",
@@ -46,14 +46,21 @@ TEST_F(Demo, PlaysAWholeGameByItself) {
     Start();
     Press(SDLK_SPACE);
     EXPECT_FALSE(game->demoAllowed);
+    int fights = 0;
     for (const char* const position : positions) {
         EXPECT_TRUE(game->demoRunning);
+        ChessFigure3D* const victim = game->capturedField ? FigureAt("f5") : nullptr;
         EXPECT_EQ(RulesPlacement(), position);
         EXPECT_EQ(Picking(), "mouse off, grid hidden");
         // The next half-move begins in the frame in which this one ends.
         const Player mover = game->currentPlayer;
         PlayOut([&] { return game->currentPlayer != mover; });
+        if (victim != nullptr) {
+            EXPECT_FALSE(victim->active) << position;  // it has lost its fight, and faded
+            ++fights;
+        }
     }
+    EXPECT_EQ(fights, 3);
     EXPECT_FALSE(AnyoneBusy());
     EXPECT_EQ(ScenePlacement(), positions.back());
     EXPECT_FALSE(game->demoRunning);

@@ -2,6 +2,7 @@
 #include <SDL_mixer.h>
 
 #include <array>
+#include <memory>
 #include <set>
 
 #include "assets/InvalidParameterException.h"
@@ -19,6 +20,7 @@ namespace tolvane::test {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
@@ -120,6 +122,16 @@ TEST_F(Chess3DSetUp, HasSixCansAndOneSaucerForTheQueens) {
     const auto* const white = dynamic_cast<Queen3D*>(FigureAt("d1"));
     const auto* const black = dynamic_cast<Queen3D*>(FigureAt("d8"));
     ASSERT_TRUE(white != nullptr && black != nullptr);
+    constexpr std::array pictures{"models/can/coke.tga",        "models/can/cokeVanilla.tga",
+                                  "models/can/fanta.tga",       "models/can/sprite.tga",
+                                  "models/can/bitterLemon.tga", "models/can/tonicWater.tga"};
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        const std::unique_ptr<MD2_Instance> can(engine.GetModels()->CreateInstance(
+            "models/can/can.md2", pictures[i], "models/can/normal.tga", 0.12f));
+        EXPECT_EQ(game->canModels[i]->GetMaterial()->GetTextureId(), can->GetMaterial()->GetTextureId())
+            << pictures[i];
+        EXPECT_EQ(game->canModels[i]->GetVertexArray(), can->GetVertexArray());
+    }
     EXPECT_EQ(white->cans, game->canModels);
     EXPECT_EQ(black->cans, game->canModels);
     EXPECT_EQ(white->ufo, game->ufoModel);
@@ -215,15 +227,17 @@ TEST_F(Chess3DSetUp, LoadsItsCues) {
     EXPECT_THAT(game->errorSounds, ElementsAre("media/error0.wav", "media/error1.wav", "media/error2.wav"));
     EXPECT_THAT(game->checkSounds, ElementsAre("media/check0.wav", "media/check1.wav"));
     EXPECT_THAT(game->mateSounds, ElementsAre("media/checkMate0.wav"));
-    for (const char* const path : {"media/beep1.wav", "media/beep3.wav", "media/error0.wav",
-                                   "media/check1.wav", "media/checkMate0.wav"})
-        EXPECT_NE(engine.GetSounds()->LoadSample(path), nullptr) << path;
+    for (const char* const path :
+         {"media/beep1.wav", "media/beep3.wav", "media/error0.wav", "media/error1.wav", "media/error2.wav",
+          "media/check0.wav", "media/check1.wav", "media/checkMate0.wav"})
+        EXPECT_THAT(FilesOfSetUp(), Contains(path));
 }
 
 TEST_F(Chess3DSetUp, StartsTheMusicBeforeTheFirstFrame) {
     Mix_HaltMusic();
     Start("4k3/8/8/8/8/8/8/4K3");
     EXPECT_TRUE(Mix_PlayingMusic());
+    EXPECT_THAT(OpenedMusic(), ElementsAre("media/music0.ogg"));
 }
 
 TEST_F(Chess3DSetUp, ReportsItsProgressOnTheConsole) {

@@ -11,7 +11,6 @@
 #include "figures/Rook3D.h"
 #include "game/GameTest.h"
 #include "rules/InvalidMoveException.h"
-#include "scene/Sun.h"
 #include "support/GlWindow.h"
 
 namespace tolvane::test {
@@ -229,10 +228,7 @@ TEST_F(Chess3DTest, TakesTheVictimOffTheSceneBehindTheFrame) {
     ChessFigure3D* const pawn = FigureAt("a7");
     Play("a1", "a7");
     EXPECT_TRUE(InScene(pawn));
-    Sun sun(game->ufoModel, nullptr);
-    engine.GetRenderer().SetLight(&sun);
-    engine.GetRenderer().RenderFrame();
-    engine.GetRenderer().SetLight(nullptr);
+    Render();
     EXPECT_FALSE(InScene(pawn));
     EXPECT_TRUE(InScene(FigureAt("a7")));
 }
@@ -377,7 +373,7 @@ TEST_F(EnPassant, LeavesTheVictimInTheTable) {
         InvalidMoveException);
 }
 
-TEST_F(EnPassant, ForgetsTheVictimWhenItsFieldIsTakenAnew) {
+TEST_F(EnPassant, KeepsTheVictimForItsOwnerAlone) {
     Play("e8", "d7");
     Click("d5");  // the ghost is Black's, so White's click is that on an enemy
     EXPECT_EQ(game->selectedField, nullptr);
@@ -385,6 +381,43 @@ TEST_F(EnPassant, ForgetsTheVictimWhenItsFieldIsTakenAnew) {
     Click("d7");
     EXPECT_EQ(Marked(1), "d7");
     EXPECT_THROW(Click("d5"), InvalidMoveException);  // changing over to the ghost ends alike
+}
+
+TEST_F(EnPassant, TakesTheVictimOffTheSceneBehindTheFrame) {
+    EXPECT_TRUE(InScene(victim));
+    Render();
+    EXPECT_FALSE(InScene(victim));
+}
+
+TEST_F(Chess3DTest, MovesWithoutAFightWhereARefusedEnPassantHasLeftNoVictim) {
+    struct Row {
+        const char* who;
+        std::vector<std::array<const char*, 2>> moves;
+        const char* placement;
+    };
+    for (const Row& row : {Row{"the rook that stands on the victim's old field",
+                               {{"d1", "d5"}, {"g8", "g7"}, {"d5", "d6"}},
+                               "4r3/6k1/3R4/4P3/8/8/8/4K3"},
+                           Row{"the rook that comes when the field is empty",
+                               {{"d1", "d5"},
+                                {"g8", "g7"},
+                                {"d5", "h5"},
+                                {"g7", "g8"},
+                                {"h5", "h6"},
+                                {"g8", "g7"},
+                                {"h6", "d6"}},
+                               "4r3/6k1/3R4/4P3/8/8/8/4K3"}}) {
+        SCOPED_TRACE(row.who);
+        Start("4r1k1/3p4/8/4P3/8/8/8/3RK3", Player::Black);
+        Play("d7", "d5");
+        Click("e5");
+        Click("d6");  // bares the king
+        EXPECT_EQ(game->currentPlayer, Player::White);
+        for (const auto& [from, to] : row.moves)
+            Play(from, to);
+        EXPECT_EQ(RulesPlacement(), row.placement);
+        EXPECT_EQ(ScenePlacement(), row.placement);
+    }
 }
 
 // Check and mate
@@ -410,6 +443,8 @@ TEST_F(Chess3DTest, TellsACheckUntilItIsAnswered) {
         EXPECT_EQ(CheckText(), "");
         TakeSounds();
         PlayOut();
+        for (int frame = 0; frame < 100; ++frame)
+            Frame(0.5f);
         EXPECT_EQ(CheckText(), row.text);
         EXPECT_THAT(TakeSounds().back(), AnyOf(Cue("media/check0.wav"), Cue("media/check1.wav")));
         EXPECT_EQ(Picking(), "mouse on, grid visible");
@@ -579,10 +614,7 @@ TEST_F(Promotion, TakesThePawnOffTheSceneBehindTheFrame) {
     ChessFigure3D* const pawn = FigureAt("a8");
     Press(SDLK_1);
     EXPECT_TRUE(InScene(pawn));
-    Sun sun(game->ufoModel, nullptr);
-    engine.GetRenderer().SetLight(&sun);
-    engine.GetRenderer().RenderFrame();
-    engine.GetRenderer().SetLight(nullptr);
+    Render();
     EXPECT_FALSE(InScene(pawn));
 }
 

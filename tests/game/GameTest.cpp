@@ -16,6 +16,7 @@
 #include "rules/ChessBoard.h"
 #include "rules/ChessGameFigure.h"
 #include "rules/Field.h"
+#include "scene/Sun.h"
 
 namespace tolvane::test {
 
@@ -119,11 +120,24 @@ void GameTest::Start(const std::string& placement, Player player) {
     game = NextGame();
     game->chessGame = ChessGame(BoardOf(placement));
     game->Initialize(&engine);
+    FilesOfSetUp();
     game->currentPlayer = player;
     engine.SetGame(game);
     engine.GetInput() = InputHandler(&engine.GetView(), &engine.GetRenderer(), game);
     engine.GetInput().SetMouseEnabled(true);
     TakeSounds();
+}
+
+const std::vector<std::string>& GameTest::FilesOfSetUp() {
+    static const std::vector<std::string> files = OpenedFiles();
+    return files;
+}
+
+void GameTest::Render() {
+    Sun sun(game->ufoModel, nullptr);
+    engine.GetRenderer().SetLight(&sun);
+    engine.GetRenderer().RenderFrame();
+    engine.GetRenderer().SetLight(nullptr);
 }
 
 void GameTest::Click(const std::string& field) {

@@ -76,6 +76,9 @@ protected:
     float PlayOut(const std::function<bool()>& done);
     float PlayOut();
 
+    // A whole frame of the renderer, under a sun, with all that it does behind it.
+    void Render();
+
     // What there is to be seen
     ChessFigure3D* FigureAt(const std::string& field);
     // Letters as in a position, from the figures of the scene's table.
@@ -94,6 +97,8 @@ protected:
     std::string CheckText();
     std::string TurnText();
     std::vector<PlayedSound> TakeSounds();
+    // The files that the set-up of the program's first game had opened: later games find them read.
+    static const std::vector<std::string>& FilesOfSetUp();
 
     // Standard output while work runs, and standard error behind it.
     static std::string Console(const std::function<void()>& work);

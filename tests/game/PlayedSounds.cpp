@@ -1,5 +1,6 @@
 #include "game/PlayedSounds.h"
 
+#include <SDL.h>
 #include <SDL_mixer.h>
 #include <dlfcn.h>
 
@@ -18,6 +19,8 @@ struct MixerCall {
 };
 
 std::vector<MixerCall> calls;
+std::vector<std::string> openedFiles;
+std::vector<std::string> openedMusic;
 
 template <typename Function>
 Function* Original(const char* name) {
@@ -48,15 +51,32 @@ extern "C" Mix_Music* Mix_LoadMUS(const char* path) {
     static auto* const load = Original<decltype(Mix_LoadMUS)>("Mix_LoadMUS");
     static std::map<std::string, Mix_Music*> loaded;
     Mix_Music*& music = loaded[path];
-    if (music == nullptr)
+    if (music == nullptr) {
+        openedMusic.emplace_back(path);
         music = load(path);
+    }
     return music;
+}
+
+// How samples are read.
+extern "C" SDL_RWops* SDL_RWFromFile(const char* path, const char* mode) {
+    static auto* const open = Original<decltype(SDL_RWFromFile)>("SDL_RWFromFile");
+    openedFiles.emplace_back(path);
+    return open(path, mode);
 }
 
 namespace tolvane::test {
 
 std::ostream& operator<<(std::ostream& out, const PlayedSound& sound) {
     return out << sound.path << " at " << sound.volume << ", " << sound.loops << " loops";
+}
+
+const std::vector<std::string>& OpenedFiles() {
+    return openedFiles;
+}
+
+const std::vector<std::string>& OpenedMusic() {
+    return openedMusic;
 }
 
 std::vector<PlayedSound> TakePlayedSounds(SoundManager& sounds, const std::vector<std::string>& knownPaths) {
