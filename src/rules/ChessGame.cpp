@@ -107,7 +107,11 @@ void ChessGame::UndoMove() {
         return;
     }
     while (record.GetUndoneNumber() != notUndone) {
-        record = history[record.GetUndoneNumber() - 1];
+        const auto before = static_cast<std::size_t>(record.GetUndoneNumber()) - 1;
+        if (before >= history.size()) {
+            return;  // an entry of somebody else's making that leads nowhere
+        }
+        record = history[before];
     }
     if (record.GetFigure() == nullptr) {
         return;  // the start position: no move has led to it

@@ -31,7 +31,7 @@ public:
 
     // The fields that the figure on (x, y) can be picked to go to; the own king's safety is asked for the
     // king's own steps alone. The caller owns the list and its coordinates. Throws InvalidMoveException for
-    // an empty field.
+    // an empty field, InvalidParameterException for one off the board and for a pawn on its last row.
     CoordinateList* ReachableFields(int x, int y);
 
     // Turns the waiting pawn, which must exist, into a figure of that type. Throws InvalidParameterException

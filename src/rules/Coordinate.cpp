@@ -1,11 +1,10 @@
 #include "rules/Coordinate.h"
 
-#include "assets/Numbers.h"
-
 namespace tolvane {
 
 int Coordinate::Compare(const Coordinate& other) const {
-    return x != other.x ? Sign(x - other.x) : Sign(y - other.y);
+    // Without a difference, which places far off the board would overflow.
+    return x != other.x ? (x > other.x) - (x < other.x) : (y > other.y) - (y < other.y);
 }
 
 }  // namespace tolvane

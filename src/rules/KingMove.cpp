@@ -1,6 +1,5 @@
 #include "rules/KingMove.h"
 
-#include <cstdlib>
 #include <vector>
 
 #include "assets/Numbers.h"

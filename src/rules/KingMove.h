@@ -36,7 +36,8 @@ public:
     virtual bool CanNeutralise(ChessBoard* board, King* king, ChessFigure* attacker) const;
 
     // What stands on the target of a king's step or castling, or null. Castling moves the rook unless
-    // testOnly. Throws InvalidMoveException or, for an attacked field, KingIsCheckException.
+    // testOnly. Throws InvalidMoveException, KingIsCheckException for an attacked field and
+    // InvalidParameterException for one beside the board.
     virtual ChessFigure* ValidateStep(ChessBoard* board, King* king, int x, int y, bool testOnly) const;
 
 private:

@@ -881,6 +881,18 @@ TEST(ChessGameUndoMove, CanPointAtAPromotedPawn) {
     EXPECT_EQ(FigureOn(laid.board, 0, 7), nullptr);
 }
 
+TEST(ChessGameUndoMove, LeavesAnEntryAloneThatLeadsNowhere) {
+    for (const int undone : {0, -2, 7}) {
+        LaidGame laid(beforePromotion);
+        Play(laid.game, "a7", "a8");
+        laid.game.RecordMove(At("a1"), At("a2"), nullptr, nullptr, undone);
+        const std::size_t entries = laid.game.GetHistory().size();
+        laid.game.UndoMove();
+        EXPECT_EQ(laid.game.GetHistory().size(), entries) << undone;
+        EXPECT_NE(FigureOn(laid.board, 0, 7), nullptr) << undone;
+    }
+}
+
 TEST(ChessGameRecordMove, NumbersEachEntryAfterTheLast) {
     ChessGame game;
     game.RecordMove(At("a1"), At("a2"), nullptr, nullptr, -1);

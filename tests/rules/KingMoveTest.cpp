@@ -578,6 +578,7 @@ TEST(KingCanNeutralise, CanTakeTheEnPassantCandidateOffTheBoard) {
     EXPECT_EQ(Names(board->GetFigures(Player::Black)), "ka8 ra6");
     EXPECT_TRUE(candidate->IsAlive());
     EXPECT_TRUE(board->GetCaptured()->empty());
+    EXPECT_EQ(board->GetDoubleStepPawn(), candidate);
 }
 
 TEST(KingCanNeutralise, SurvivesThatTheListItWalksGetsShorter) {

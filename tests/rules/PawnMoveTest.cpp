@@ -298,6 +298,7 @@ TEST(PawnValidate, TakesEnPassantAtOnce) {
     EXPECT_TRUE(board->GetCaptured()->empty());
     EXPECT_TRUE(candidate->IsAlive());
     EXPECT_EQ(NameOf(candidate), "pd5");
+    EXPECT_EQ(board->GetDoubleStepPawn(), candidate);
     EXPECT_EQ(NameOf(On(board.get(), "e5")), "Pe5");
 }
 
@@ -396,6 +397,7 @@ TEST(PawnIsAllowed, CanTakeTheCandidateByTheMereQuestion) {
     EXPECT_TRUE(PawnMove().IsAllowed(board.get(), On(board.get(), "e5"), 5, 5));
     EXPECT_EQ(FigureOn(board.get(), 3, 4), nullptr);
     EXPECT_EQ(Names(board->GetFigures(Player::Black)), "");
+    EXPECT_EQ(NameOf(board->GetDoubleStepPawn()), "pd5");  // it is the candidate until the next move
 }
 
 TEST(PawnExecute, ReachesTheLastRowWithACapture) {
