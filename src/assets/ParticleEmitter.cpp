@@ -58,7 +58,7 @@ void ParticleEmitter::ReturnDead() {
 }
 
 // The new ones leave the front of the pool, each with a part of the step behind it, so that a burst is spread
-// over the frame. One that does not live so long flies nevertheless, and dies in the next step.
+// over the frame. One whose life is shorter than that part begins it anew.
 void ParticleEmitter::Emit(int quota, float dt, const Vertex& eyePosition) {
     const int count = std::min(quota, static_cast<int>(pool.size()));
     for (int i = 0; i < count; ++i) {

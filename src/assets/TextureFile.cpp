@@ -83,6 +83,7 @@ unsigned int TextureFile::Load(const char* colorFile, const char* alphaFile, boo
     alphaPath = alphaFile ? alphaFile : "";
     failure.clear();
     textureId = 0;
+    format = GL_RGB;
     image = std::make_unique<TextureImage>();
     if (!(colorFile ? ReadColor(alphaFile != nullptr) : ReadAlphaAlone()))
         return 0;
@@ -96,7 +97,8 @@ unsigned int TextureFile::Load(const char* colorFile, const char* alphaFile, boo
 bool TextureFile::ReadColor(bool joinAlpha) {
     if (!ReadTGA(*image, colorPath))
         return Fail("Failed to load RGB file.");
-    format = image->bitsPerPixel == 32 ? GL_RGBA : GL_RGB;
+    if (image->bitsPerPixel == 32)
+        format = GL_RGBA;
     TextureImage alpha;
     const bool joins = joinAlpha && format == GL_RGB;
     if (joins && !ReadTGA(alpha, alphaPath))

@@ -184,6 +184,22 @@ TEST_F(Instance, LoopBlendsFromItsLastFrameIntoItsFirstAndTellsOncePerPass) {
     EXPECT_FALSE(instance->IsAnimationFinished());
 }
 
+TEST_F(Instance, LoopsAtTheEndOfTheModelIntoItsOwnFirstFrame) {
+    const auto endingInRun = LoadModel(SquareModel({"stand0", "run0", "run1"}));
+    instance = MakeInstance(*endingInRun);
+    Play("run", MD2_AnimationMode::Loop);
+    for (int pass = 0; pass < 2; ++pass) {
+        EXPECT_FALSE(Step());
+        EXPECT_EQ(instance->GetCurrentFrame(), 2);
+        EXPECT_EQ(instance->GetNextFrame(), 1);
+        EXPECT_FALSE(instance->Animate(arrayMode, oneFrame / 2));
+        EXPECT_FLOAT_EQ(Height(), 1.5f);
+        EXPECT_TRUE(Step());
+        EXPECT_EQ(instance->GetCurrentFrame(), 1);
+        EXPECT_EQ(instance->GetNextFrame(), 2);
+    }
+}
+
 TEST_F(Instance, LoopOfOneFrameWrapsAtEveryStep) {
     Play("die", MD2_AnimationMode::Loop);
     EXPECT_EQ(instance->GetNextFrame(), 6);

@@ -31,6 +31,13 @@ std::vector<float> Distances(const ParticleEmitter& emitter) {
     return distances;
 }
 
+std::vector<Vertex> Positions(const ParticleEmitter& emitter) {
+    std::vector<Vertex> positions;
+    for (const Particle& particle : emitter.GetActive())
+        positions.push_back(particle.position);
+    return positions;
+}
+
 std::vector<float> Ages(const ParticleEmitter& emitter) {
     std::vector<float> ages;
     for (const Particle& particle : emitter.GetActive())
@@ -232,6 +239,17 @@ TEST_F(Emitter, LetsThoseFlyOnceThatDieWithinTheirFirstStep) {
     EXPECT_EQ(Flying() + Free(), 10u);
 }
 
+TEST_F(Emitter, GivesAWholeLifeToThoseWhoseLifeIsShorterThanTheFirstStep) {
+    emitter.lifetimeMin = emitter.lifetimeMax = 0.001f;
+    emitter.UpdateParticles(5.0f, &eye);
+    EXPECT_EQ(Flying(), 10u);
+    emitter.emissionRate = 0;
+    emitter.UpdateParticles(0.0005f, &eye);
+    EXPECT_EQ(Flying(), 10u);
+    emitter.UpdateParticles(0.001f, &eye);
+    EXPECT_EQ(Flying(), 0u);
+}
+
 // How they fly
 
 TEST_F(Emitter, SpawnsByItsSettingsAndTheRandomSeries) {
@@ -377,11 +395,14 @@ TEST_F(Emitter, SortsFarToNearInEveryUpdateOnly) {
         const std::vector<float> distances = Distances(emitter);
         EXPECT_TRUE(std::is_sorted(distances.rbegin(), distances.rend()));
     }
-    const std::vector<float> order = Distances(emitter);
+    const std::vector<Vertex> order = Positions(emitter);
+    emitter.DrawParticles(true);  // by an eye that has moved meanwhile
+    EXPECT_EQ(Positions(emitter), order);
     const Vertex behind{0, 0, -50};
-    EXPECT_EQ(Distances(emitter), order);
     emitter.UpdateParticles(0.0f, &behind);
-    EXPECT_NE(Distances(emitter), order);
+    EXPECT_NE(Positions(emitter), order);
+    const std::vector<float> distances = Distances(emitter);
+    EXPECT_TRUE(std::is_sorted(distances.rbegin(), distances.rend()));
 }
 
 TEST_F(Emitter, IsAValueWhoseCopyGoesOnByItself) {
@@ -503,15 +524,23 @@ TEST_F(DrawnEmitter, FacesTheCameraByItsMode) {
 }
 
 TEST_F(DrawnEmitter, LooksTheSameWhereverItIsDrawnAgain) {
-    emitter.UpdateParticles(0.01f, &eye);
-    test::Picture first;
-    for (int i = 0; i < 4; ++i) {
-        glClear(GL_COLOR_BUFFER_BIT);
-        const test::Picture again = Draw();
-        if (i == 0)
-            first = again;
-        EXPECT_EQ(first.CountDifferences(again, 0), 0);
-    }
+    emitter.Setup(6, 0);
+    emitter.positionSpread = {2.0f, 2.0f, 2.0f};
+    emitter.sizeStartMin = emitter.sizeStartMax = emitter.sizeEndMin = emitter.sizeEndMax = 0.5f;
+    emitter.UpdateParticles(0.06f, &eye);
+    ASSERT_EQ(Flying(), 6u);
+    const auto quarter = [](bool right, bool top) {
+        return test::ReadPicture(right ? edge / 2 : 0, top ? edge / 2 : 0, edge / 2, edge / 2);
+    };
+    const test::Picture nothing = quarter(false, false);
+    for (const bool right : {false, true})
+        for (const bool top : {false, true}) {
+            glLoadIdentity();
+            glTranslatef(right ? 4.0f : -4.0f, top ? 4.0f : -4.0f, 0.0f);
+            emitter.DrawParticles(true);
+            EXPECT_EQ(quarter(right, top).CountDifferences(quarter(false, false), 0), 0);
+        }
+    EXPECT_GT(quarter(false, false).CountDifferences(nothing, 0), 4 * unit * unit / 4);
 }
 
 TEST_F(DrawnEmitter, AddsLightWhenItBlends) {

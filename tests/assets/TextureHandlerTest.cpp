@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <filesystem>
 #include <optional>
 
 #include "assets/Gl.h"
@@ -86,6 +87,11 @@ TEST_F(Pictures, AreToldApartByTheirPathAsWritten) {
     std::string samePlace = red.Path();
     samePlace.insert(samePlace.rfind('/'), "/.");
     EXPECT_NE(Load(red.Path()), Load(samePlace));
+    std::filesystem::path shouted = red.Path();
+    shouted.replace_extension(".TGA");
+    std::filesystem::copy_file(red.Path(), shouted);
+    EXPECT_NE(Load(red.Path()), Load(shouted));
+    std::filesystem::remove(shouted);
     EXPECT_EQ(textures.GetTextureId("nothing of that name"), 0xFFFFFFFFu);
 }
 
