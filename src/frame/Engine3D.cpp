@@ -111,6 +111,12 @@ bool RendersInSoftware() {
            (std::strstr(name, "llvmpipe") != nullptr || std::strstr(name, "softpipe") != nullptr);
 }
 
+// Empty for an error that GLU has no name for.
+std::string NameOf(GLenum error) {
+    const auto* const name = reinterpret_cast<const char*>(gluErrorString(error));
+    return name != nullptr ? name : "";
+}
+
 std::string ReadConsoleLine() {
     std::string line;
     std::getline(std::cin, line);
@@ -193,10 +199,11 @@ void Engine3D::OpenWindow(int windowWidth, int windowHeight, int depth) {
             SDL_WasInit(SDL_INIT_VIDEO) == 0)
             break;
     }
-    if (screen != nullptr && granted.multisampling && RendersInSoftware()) {
+    if (screen != nullptr && (granted.accumulation || granted.multisampling) && RendersInSoftware()) {
         // A window that is asked for anew keeps its samples, unless it was without GL in between.
         SDL_SetVideoMode(windowWidth, windowHeight, depth, videoFlags & ~SDL_OPENGL);
-        OpenSurface(windowWidth, windowHeight, depth, false, false);
+        if (!OpenSurface(windowWidth, windowHeight, depth, false, false))
+            OpenSurface(windowWidth, windowHeight, depth, granted.accumulation, granted.multisampling);
     }
     // Bitmap text insists on it, and it needs a display: only now is there one for sure.
     if (screen != nullptr)
@@ -275,7 +282,7 @@ void Engine3D::MainLoop() {
             quit |= Dispatch(event);
         renderer.RenderFrame();
         if (const GLenum error = glGetError(); error != GL_NO_ERROR)
-            std::cerr << "GL Error: " << gluErrorString(error) << std::endl;
+            std::cerr << "GL Error: " << NameOf(error) << std::endl;
     }
     SDL_Quit();
 }

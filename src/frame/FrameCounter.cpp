@@ -17,7 +17,7 @@ FrameCounter frameCounter;
 
 void FrameCounter::Count(std::uint32_t ticks) {
     ++frameCount;
-    const int elapsed = static_cast<int>(ticks) - lastFpsTicks;
+    const auto elapsed = static_cast<int>(ticks - static_cast<std::uint32_t>(lastFpsTicks));
     if (elapsed < averagedMilliseconds)
         return;
     fps = static_cast<float>(frameCount / (elapsed * 0.001));

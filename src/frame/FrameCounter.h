@@ -5,7 +5,8 @@
 
 namespace tolvane {
 
-// The frames a second, averaged over at least two seconds of showing them; one for the process.
+// The frames a second, averaged over at least two seconds; one for the process. The first value of all
+// divides the frames counted by all the time since the start.
 struct FrameCounter {
     int frameCount = 0;
     int lastFpsTicks = 0;  // milliseconds

@@ -44,6 +44,20 @@ TEST(FrameCounter, AveragesOverTheTimeItWasShown) {
     EXPECT_EQ(counter.Text(), "10.000000 fps");
 }
 
+TEST(FrameCounter, CountsItsFirstValueFromTheStart) {
+    FrameCounter counter;
+    counter.Count(10000);
+    EXPECT_EQ(counter.Text(), "0.100000 fps");
+}
+
+TEST(FrameCounter, GoesOnWhenTheClockPassesTheRangeOfItsTicks) {
+    FrameCounter counter;
+    counter.Count(0x7FFFFFFFu);
+    for (std::uint32_t frame = 1; frame <= 20; ++frame)
+        counter.Count(0x7FFFFFFFu + 100 * frame);
+    EXPECT_EQ(counter.Text(), "10.000000 fps");
+}
+
 TEST(FrameCounter, RoundsToTwoDecimals) {
     FrameCounter counter;
     counter.Count(1000);

@@ -4,7 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
+#include <utility>
 
 #include "assets/Gl.h"
 #include "frame/FrameClock.h"
@@ -210,6 +212,9 @@ TEST_F(Renderer3DUsed, AFadedFigureNeitherUpdatesNorDraws) {
     EXPECT_THAT(drawn, IsEmpty());
     EXPECT_THAT(faded.effects, IsEmpty());
     EXPECT_EQ(faded.distance, before);
+    renderer.frustumCulling = false;
+    Scene(0.1f);
+    EXPECT_THAT(drawn, IsEmpty());
 }
 
 TEST_F(Renderer3DUsed, LeavesOutWhatIsOutsideTheView) {
@@ -227,6 +232,10 @@ TEST_F(Renderer3DUsed, LeavesOutWhatIsOutsideTheView) {
     EXPECT_THAT(drawn, IsEmpty());
 
     renderer.frustumCulling = false;
+    Scene(0.0f);
+    EXPECT_THAT(drawn, ElementsAre(&outside));
+    outside.skipWhenOutside = false;
+    outside.SetBusy(false);
     Scene(0.0f);
     EXPECT_THAT(drawn, ElementsAre(&outside));
 }
@@ -441,19 +450,33 @@ TEST_F(Renderer3DUsed, ShowsTheFrameCounterOnlyWhenSwitchedOn) {
     EXPECT_GT(on.CountDifferences(off, 20), 5000);
 }
 
-TEST_F(Renderer3DUsed, TheFrameCounterBoxGrowsWithTheWindow) {
-    renderer.SetShowFps(true);
-    const auto boxPixels = [&](int width, int height) {
-        glViewport(0, 0, width, height);
-        renderer.SetShowFps(false);
-        const test::Picture off = Frame();
-        renderer.SetShowFps(true);
-        return Frame().CountDifferences(off, 20);
-    };
+TEST_F(Renderer3DUsed, TheFrameCounterKeepsItsShareOfAnyWindow) {
+    test::UseBitmapFonts();
     grid.SetVisible(false);
-    const int large = boxPixels(1024, 768);
-    const int small = boxPixels(512, 384);
-    EXPECT_NEAR(static_cast<double>(large) / small, 4.0, 0.6);
+    renderer.SetShowFps(true);
+    for (const int part : {1, 2}) {
+        SCOPED_TRACE(part);
+        glViewport(0, 0, 1024 / part, 768 / part);
+        const test::Picture picture = Frame();
+        // The plate covers 25.6 to 217.6 from the left and as many from below up to 70.4, half as blue again.
+        const auto blue = [&](int x, int y) { return picture.Blue(x / part, y / part); };
+        for (const int x : {28, 214})
+            for (const int y : {28, 68})
+                EXPECT_NEAR(blue(x, y), 102, 2) << x << ", " << y;
+        for (const auto& [x, y] : {std::pair{22, 40}, {222, 30}, {100, 22}, {100, 74}})
+            EXPECT_NEAR(blue(x, y), 51, 2) << x << ", " << y;
+        // The text begins at 38.4 from the left and stands on a line 41 from below.
+        int left = 1024;
+        int bottom = 768;
+        for (int y = 0; y < 80; ++y)
+            for (int x = 0; x < 220; ++x)
+                if (picture.Green(x, y) > 190) {
+                    left = std::min(left, x);
+                    bottom = std::min(bottom, y);
+                }
+        EXPECT_NEAR(left, 39 / part, 2);
+        EXPECT_NEAR(bottom, 41 / part, 5);
+    }
 }
 
 TEST_F(Renderer3DUsed, ClearSceneEmptiesTheList) {

@@ -117,6 +117,26 @@ TEST(View3D, TheEyeMayNotSinkThroughTheBoard) {
     }
 }
 
+TEST(View3D, CountsItsPitchFromLevelAfterAStepThatWasDroppedThere) {
+    View3D view;
+    view.Pitch(5.0f);
+    view.Pitch(-89.0f);
+    const Vertex before = *view.GetPosition();
+    view.Pitch(-5.0f);  // 94 degrees in all
+    ExpectEye(view, before.x, before.y, before.z, 0.0f);
+}
+
+TEST(View3D, AStepThatWouldSinkTheEyeIsDroppedButCounted) {
+    View3D view;
+    view.Pitch(-80.0f);
+    view.Pitch(-20.0f);  // dropped, and the count stands at the limit
+    const Vertex before = *view.GetPosition();
+    view.Pitch(85.0f);  // from 80 degrees of height to 5 below the board
+    ExpectEye(view, before.x, before.y, before.z, 0.0f);
+    view.Pitch(-4.0f);  // the limit is 85 degrees away now
+    EXPECT_GT(view.GetPosition()->y, before.y);
+}
+
 TEST(View3D, TheCentreStopsAboveTheFloorAndComesBackUp) {
     View3D view;
     view.MoveY(1.0f);
@@ -132,7 +152,7 @@ TEST(View3D, TheCentreStopsAboveTheFloorAndComesBackUp) {
     EXPECT_NEAR(view.GetPosition()->y, lowest + 0.45f, 1e-3f);
 }
 
-TEST(View3D, AStepThatLeadsUpIsTakenFromBelowTheFloorToo) {
+TEST(View3D, APositiveStepIsTakenFromBelowTheFloorToo) {
     View3D view;  // its centre lies at y = 0
     view.MoveX(-1.0f);
     ExpectEye(view, 0.0f, 0.0f, 30.0f);

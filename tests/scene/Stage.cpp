@@ -3,7 +3,6 @@
 #include <cstdint>
 
 #include "assets/Gl.h"
-#include "scene/Glut.h"
 
 namespace tolvane::test {
 
@@ -148,15 +147,6 @@ unsigned int Stage::MakeTexture(int width, const std::vector<Rgb>& colors) {
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
     glBindTexture(GL_TEXTURE_2D, 0);
     return texture;
-}
-
-void UseBitmapFonts() {
-    if (glutGet(GLUT_INIT_STATE) != 0)
-        return;
-    char name[] = "scene_test";
-    char* arguments[] = {name, nullptr};
-    int count = 1;
-    glutInit(&count, arguments);
 }
 
 }  // namespace tolvane::test

@@ -64,7 +64,4 @@ protected:
     static unsigned int MakeTexture(int width, const std::vector<Rgb>& colors);
 };
 
-// Initialises GLUT, once for the whole test program.
-void UseBitmapFonts();
-
 }  // namespace tolvane::test

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "assets/Gl.h"
+#include "scene/Glut.h"
 
 namespace tolvane::test {
 
@@ -40,6 +41,15 @@ Picture ReadPicture(int x, int y, int width, int height) {
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
     glReadPixels(x, y, width, height, GL_RGB, GL_UNSIGNED_BYTE, picture.rgb.data());
     return picture;
+}
+
+void UseBitmapFonts() {
+    if (glutGet(GLUT_INIT_STATE) != 0)
+        return;
+    char name[] = "test";
+    char* arguments[] = {name, nullptr};
+    int count = 1;
+    glutInit(&count, arguments);
 }
 
 }  // namespace tolvane::test

@@ -37,6 +37,9 @@ private:
 
 Picture ReadPicture(int x = 0, int y = 0, int width = GlWindow::width, int height = GlWindow::height);
 
+// Initialises GLUT, once for the whole test program.
+void UseBitmapFonts();
+
 // Whatever the console would have received on standard output while work ran.
 template <typename Work>
 std::string PrintedBy(Work&& work) {
