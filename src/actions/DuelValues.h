@@ -38,10 +38,11 @@ struct DuelValues {
     FightValues fight = {};
 };
 
-constexpr FightValues slowBlow{.secondHitDelay = 0.6f};
-constexpr FightValues cannonShot{.secondShot = false, .heavyFirstHit = true, .secondHitDelay = std::nullopt};
+inline constexpr FightValues slowBlow{.secondHitDelay = 0.6f};
+inline constexpr FightValues cannonShot{
+    .secondShot = false, .heavyFirstHit = true, .secondHitDelay = std::nullopt};
 
-constexpr std::array duelValues{
+inline constexpr std::array duelValues{
     DuelValues{DuelKind::Pawn_VS_Pawn, 2, DuelReach::neighbours},
     DuelValues{DuelKind::Pawn_VS_Rook, 4, DuelReach::neighbours},
     DuelValues{DuelKind::Pawn_VS_Knight, 3, DuelReach::neighbours},

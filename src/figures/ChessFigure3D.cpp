@@ -42,8 +42,7 @@ ChessFigure3D::ChessFigure3D(int atColumn, int atRow, Player ofPlayer, FigureTyp
       instance(ofInstance),
       shader(withShader),
       sound(withSound) {
-    boundCentre = instance->boundCentre;
-    boundRadius = instance->boundRadius;
+    TakeBound(*instance);
 }
 
 ChessFigure3D::~ChessFigure3D() {

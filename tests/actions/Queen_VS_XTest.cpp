@@ -301,10 +301,14 @@ TEST_F(Queen_VS_XTest, TurnsToHerVictimWhoDoesNotTurn) {
     EXPECT_NEAR(scene.Seconds(), 135.0f / 60.0f + 1.2f, 0.05f);
 }
 
-TEST_F(Queen_VS_XTest, ShowsOtherCansInOtherScenes) {
+TEST_F(Queen_VS_XTest, ShowsOtherCansInOtherScenesOfTheSameQueen) {
+    Queen3D& queen = troupe.PlaceQueen(Player::White, 3, 4);
+    ChessFigure3D& victim = troupe.Place(Player::Black, FigureType::Pawn, 3, 6);
     std::set<const MD2_Instance*> seen;
-    for (int i = 0; i < 20; ++i)
-        seen.insert(Meet(Player::White, FigureType::Pawn, {0, 1}, 1).queen.can);
+    for (int i = 0; i < 20; ++i) {
+        const Queen_VS_X scene(&queen, &victim, fieldWidth);
+        seen.insert(queen.can);
+    }
     EXPECT_GT(seen.size(), 1u);
 }
 

@@ -164,7 +164,7 @@ TEST_F(ChessFigure3DTest, WithoutVoicesAnswersFalseAndStaysSilent) {
 TEST_F(ChessFigure3DTest, SpeaksWithARandomOneOfItsVoices) {
     ChessFigure3D& queen = troupe.Place(Player::White, FigureType::Queen, 3, 0);
     RestartRandom();
-    // The first numbers of the sequence are 41, 18467 and 6334: a third of 32768 each.
+    // The first numbers of the sequence, up to 32767, are 41, 18467 and 6334.
     EXPECT_TRUE(queen.PlayAckSound());
     EXPECT_TRUE(queen.PlayAckSound());
     EXPECT_TRUE(queen.PlayAckSound());
