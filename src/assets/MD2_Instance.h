@@ -50,7 +50,7 @@ public:
     // Moving on
 
     // Moves the clip on by dt seconds, by one frame at most, and brings the mesh of that render mode up to
-    // date. True when a loop wrapped or a clip stopped in this step, when a sequence came to its last clip,
+    // date. True when a loop wrapped or a clip stopped in this step, when the last clip of a sequence ended,
     // and whenever nothing moves: frozen, or with the mesh of a frozen clip still owed.
     bool Animate(int renderMode, float dt);
     // What the latest moving step has answered.

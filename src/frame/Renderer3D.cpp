@@ -90,8 +90,7 @@ void Renderer3D::RenderFrame() {
     if (showAxes)
         DrawAxes();
 
-    // A software renderer paints the background on its own threads while the scene is still being handed
-    // over.
+    // A software renderer paints the background on its own threads while the scene is on its way.
     glFlush();
 
     glEnable(GL_TEXTURE_2D);

@@ -134,8 +134,7 @@ void View3D::Pan(const Vector4& axis, float a) {
     if (a == 0.0f)
         return;
     const Vector4 candidate = centre + axis * a;
-    // A positive step is always taken, whatever its axis, so that a centre below the line can be brought
-    // back.
+    // A positive step is always taken, whatever its axis: so a centre below the line can be brought back.
     if (candidate.GetY() >= lowestCentre || a > 0.0f)
         centre = candidate;
     PlaceEye();

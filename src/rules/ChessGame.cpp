@@ -106,7 +106,7 @@ void ChessGame::UndoMove() {
     if (record.GetUndoneNumber() == 1) {
         return;
     }
-    while (record.GetUndoneNumber() != notUndone) {
+    while (record.GetUndoneNumber() > 0) {
         const auto before = static_cast<std::size_t>(record.GetUndoneNumber()) - 1;
         if (before >= history.size()) {
             return;  // an entry of somebody else's making that leads nowhere
@@ -114,7 +114,7 @@ void ChessGame::UndoMove() {
         record = history[before];
     }
     if (record.GetFigure() == nullptr) {
-        return;  // the start position: no move has led to it
+        return;  // the start position, to which no move has led
     }
     board->UndoRecord(record);
     RecordMove(Coordinate(), Coordinate(), nullptr, nullptr, record.GetNumber());

@@ -14,7 +14,7 @@ struct MoveResult {
     ChessFigure* promotionPawn = nullptr;   // the pawn that now waits for PromotePawn
     ChessFigure* doubleStepPawn = nullptr;  // the pawn that just stepped two rows
     FigureList* attackers = nullptr;        // who attacks the opponent's king; never null after a move
-    FigureList* mateList = nullptr;  // who keeps a king from stepping away; null where he has a way out
+    FigureList* mateList = nullptr;         // who bars the king's steps; null where he has a way out
     ChessFigure* captured = nullptr;
 
     // Who stands in check, or NoPlayer.

@@ -4,14 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <iostream>
 #include <memory>
-#include <sstream>
 
 #include "assets/Gl.h"
 #include "frame/RecordingGame.h"
 #include "scene/DrawAble.h"
 #include "support/GlWindow.h"
+#include "support/TypedAnswer.h"
 
 namespace tolvane {
 
@@ -25,11 +24,8 @@ using ::testing::StartsWith;
 class Started {
 public:
     explicit Started(const std::string& answer) {
-        std::istringstream console(answer);
-        std::streambuf* const keyboard = std::cin.rdbuf(console.rdbuf());
+        const test::TypedAnswer typed(answer);
         printed = test::PrintedBy([&] { engine = std::make_unique<Engine3D>(1024, 768, 32); });
-        std::cin.rdbuf(keyboard);
-        std::cin.clear();
     }
 
     std::unique_ptr<Engine3D> engine;

@@ -4,11 +4,11 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
-#include <iostream>
 #include <memory>
-#include <sstream>
+#include <string>
 
 #include "frame/Engine3D.h"
+#include "support/TypedAnswer.h"
 
 namespace tolvane {
 namespace {
@@ -21,14 +21,12 @@ protected:
     WithoutVideo() {
         setenv("SDL_VIDEODRIVER", "none of that name", 1);
         setenv("SDL_AUDIODRIVER", "dummy", 1);
-        std::istringstream answer("\n");
-        std::streambuf* const keyboard = std::cin.rdbuf(answer.rdbuf());
+        const test::TypedAnswer window("\n");
         ::testing::internal::CaptureStdout();
         ::testing::internal::CaptureStderr();
         engine = std::make_unique<Engine3D>(1024, 768, 32);
         errors = ::testing::internal::GetCapturedStderr();
         printed = ::testing::internal::GetCapturedStdout();
-        std::cin.rdbuf(keyboard);
     }
 
     std::unique_ptr<Engine3D> engine;

@@ -6,9 +6,7 @@
 #include <array>
 #include <cctype>
 #include <cstdlib>
-#include <iostream>
 #include <ranges>
-#include <sstream>
 
 #include "assets/Gl.h"
 #include "assets/Numbers.h"
@@ -17,6 +15,7 @@
 #include "rules/ChessGameFigure.h"
 #include "rules/Field.h"
 #include "scene/Sun.h"
+#include "support/TypedAnswer.h"
 
 namespace tolvane::test {
 
@@ -28,10 +27,8 @@ constexpr Vertex eye{0.0f, 20.0f, 25.0f};
 Engine3D& TheEngine() {
     static const std::unique_ptr<Engine3D> engine = [] {
         setenv("SDL_AUDIODRIVER", "dummy", 1);
-        std::istringstream answer("\n");
-        std::streambuf* const console = std::cin.rdbuf(answer.rdbuf());
+        const TypedAnswer window("\n");
         auto made = std::make_unique<Engine3D>(1024, 768, 32);
-        std::cin.rdbuf(console);
         made->GetRenderer().SetView(&made->GetView());
         return made;
     }();

@@ -24,8 +24,8 @@ std::ostream& operator<<(std::ostream& out, const PlayedSound& sound);
 // samples of the sound manager; every one that a test wants to recognise has to exist as a file.
 std::vector<PlayedSound> TakePlayedSounds(SoundManager& sounds, const std::vector<std::string>& knownPaths);
 
-// The files that were opened through SDL, and those of the music: in order, every one only once, since the
-// start of the program.
+// The files that were opened through SDL since the start of the program, in order, and those of the music,
+// each of which is opened once.
 const std::vector<std::string>& OpenedFiles();
 const std::vector<std::string>& OpenedMusic();
 

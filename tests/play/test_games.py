@@ -8,9 +8,15 @@ import tempfile
 import time
 import unittest
 
-from player import GREEN, RED, Player, project
+from player import GREEN, RED, Player, corner, project
 
 PLAYED = r"Player is CHECK: (\d)\nPlayer is CHECK-MATE: (\d)\n\*{34}\n\n"
+
+
+def chequered(player):
+    """Whether the free field f4 has its green cover, which goes while a scene is played."""
+    red, green, _ = player.look().at(*project(corner("f4", 0.5, 0.5)))
+    return green - red > 20
 
 
 class Moves(unittest.TestCase):
@@ -67,15 +73,18 @@ class Moves(unittest.TestCase):
         with Player("full-screen", speed=1) as player:
             player.wait_for_board()
             player.play("e2e4 d7d5")
+            player.until(lambda: chequered(player), "the next turn")
             player.move("e4", "d5")
-            before = player.look()
-            player.hold("a", 1.0)
-            player.until(lambda: player.look().differences(before) > 20000, "the camera to turn")
+            for key in ("a", "d"):
+                before = player.look()
+                player.hold(key, 0.5)
+                player.until(lambda: player.look().differences(before) > 20000, "the camera to turn")
             player.press("Tab")
             player.wait_for_line("toggle Fullscreen: 1")
             player.press("Tab")
             player.wait_for_line("toggle Fullscreen: 1", count=2)
             player.until(lambda: player.look().at(512, 384) != (0, 0, 0), "the picture to come back")
+            self.assertFalse(chequered(player), "the fight is over too early to tell")
             player.shoot("back")
             player.close()  # without a window manager the keys have no window to go to now
             player.wait_for_line('Press "Enter" to exit')
