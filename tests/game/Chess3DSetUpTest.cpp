@@ -229,8 +229,10 @@ TEST_F(Chess3DSetUp, LoadsItsCues) {
     EXPECT_THAT(game->mateSounds, ElementsAre("media/checkMate0.wav"));
     for (const char* const path :
          {"media/beep1.wav", "media/beep3.wav", "media/error0.wav", "media/error1.wav", "media/error2.wav",
-          "media/check0.wav", "media/check1.wav", "media/checkMate0.wav"})
+          "media/check0.wav", "media/check1.wav", "media/checkMate0.wav"}) {
         EXPECT_THAT(FilesOfSetUp(), Contains(path));
+        EXPECT_NE(engine.GetSounds()->LoadSample(path), nullptr) << path;
+    }
 }
 
 TEST_F(Chess3DSetUp, StartsTheMusicBeforeTheFirstFrame) {
